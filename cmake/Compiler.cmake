@@ -1,0 +1,28 @@
+# What every target of the project is compiled with.
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 99)
+set(CMAKE_C_STANDARD_REQUIRED ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+set(THREADS_PREFER_PTHREAD_FLAG ON)
+find_package(Threads REQUIRED)
+
+# A unique symbol would keep the loader from ever unloading the library that defines it.
+add_compile_options($<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
+# Files are read and seeked by 64-bit offsets in both widths.
+add_compile_definitions(_FILE_OFFSET_BITS=64)
+
+# Warnings belong to the project's own code only: `target_link_libraries(x PRIVATE vq_warnings)`.
+add_library(vq_warnings INTERFACE)
+target_compile_options(vq_warnings INTERFACE -Wall -Wextra -Wpedantic
+    $<$<BOOL:${VQ_WARNINGS_AS_ERRORS}>:-Werror>)
+
+if(VQ_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
