@@ -26,3 +26,10 @@ if(VQ_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+
+# Every symbol that a library needs must come from what it is linked with. The sanitizers' runtimes are linked into the
+# program only, so a sanitized library cannot promise that.
+set(VQ_SHARED_LINK_OPTIONS)
+if(NOT VQ_SANITIZE)
+    set(VQ_SHARED_LINK_OPTIONS -Wl,-z,defs)
+endif()

@@ -49,7 +49,7 @@ foreach(_part COMMON PROVIDER)
     endif()
 endforeach()
 
-set(_pegasus_version_header ${Pegasus_INCLUDE_DIR}/Pegasus/Common/pegasus_version.h)
+set(_pegasus_version_header ${Pegasus_INCLUDE_DIR}/Pegasus/Common/PegasusVersion.h)
 if(Pegasus_INCLUDE_DIR AND EXISTS ${_pegasus_version_header})
     file(STRINGS ${_pegasus_version_header} _line REGEX "define PEGASUS_PRODUCT_VERSION +\"")
     string(REGEX REPLACE ".*\"([0-9.]+).*" "\\1" Pegasus_VERSION "${_line}")
