@@ -1,0 +1,97 @@
+#include "support/smbios/File.h"
+
+#include "support/smbios/SmBios.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace VQ
+{
+
+namespace
+{
+constexpr std::size_t PageSize = 4096;
+
+// Physical memory above the kernel's own mapping can't be read on a 32-bit kernel, but it can be mapped.
+bool copyMapped(int descriptor, std::uint64_t offset, std::vector<unsigned char>& bytes)
+{
+    const std::size_t lead = offset % PageSize;
+    const std::size_t length = lead + bytes.size();
+    void* mapped = mmap(nullptr, length, PROT_READ, MAP_SHARED, descriptor, static_cast<off_t>(offset - lead));
+    if (mapped == MAP_FAILED)
+        return false;
+    std::memcpy(bytes.data(), static_cast<const unsigned char*>(mapped) + lead, bytes.size());
+    munmap(mapped, length);
+    return true;
+}
+}
+
+File::File(const std::string& path, const std::string& advice)
+    : _path(path), _advice(advice), _descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)),
+      _error(_descriptor < 0 ? errno : 0)
+{
+}
+
+File::~File()
+{
+    if (_descriptor >= 0)
+        close(_descriptor);
+}
+
+std::vector<unsigned char> File::readAll()
+{
+    struct stat status
+    {
+    };
+    std::vector<unsigned char> bytes;
+    if (fstat(_descriptor, &status) == 0 && status.st_size > 0)
+        bytes.reserve(static_cast<std::size_t>(status.st_size) + PageSize);
+    for (std::size_t used = 0;;) {
+        bytes.resize(std::max(bytes.capacity(), used + PageSize));
+        const ssize_t got = read(_descriptor, bytes.data() + used, bytes.size() - used);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            fail("cannot read", errno);
+        used += static_cast<std::size_t>(got);
+        if (got == 0) {
+            bytes.resize(used);
+            return bytes;
+        }
+    }
+}
+
+std::vector<unsigned char> File::readAt(std::uint64_t offset, std::size_t size)
+{
+    std::vector<unsigned char> bytes(size);
+    std::size_t used = 0;
+    while (used < size) {
+        const ssize_t got = pread(_descriptor, bytes.data() + used, size - used, static_cast<off_t>(offset + used));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0 && errno == EFAULT && copyMapped(_descriptor, offset, bytes))
+            return bytes;
+        if (got <= 0 && used == 0)
+            fail("cannot read", got < 0 ? errno : ENODATA);
+        if (got <= 0)
+            break;
+        used += static_cast<std::size_t>(got);
+    }
+    bytes.resize(used);
+    return bytes;
+}
+
+void File::fail(const std::string& what, int errorNumber) const
+{
+    std::string text = what + " " + _path + ": " + std::strerror(errorNumber);
+    if (errorNumber == EACCES || errorNumber == EPERM)
+        text += " (" + _advice + ")";
+    throw SmBiosError(text);
+}
+
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace VQ
+{
+
+/// A file opened for reading.
+class File
+{
+public:
+    /// Opens the file; `isOpen` and `error` (an errno value) tell how it went. `advice` goes into the text of an error
+    /// that a missing right causes: what would help.
+    File(const std::string& path, const std::string& advice);
+    ~File();
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    bool isOpen() const { return _descriptor >= 0; }
+    int error() const { return _error; }
+
+    /// The rest of the file, read to its end however small the answers of `read` are. Throws SmBiosError.
+    std::vector<unsigned char> readAll();
+
+    /// Up to `size` bytes from `offset`: fewer where the file ends or stops being readable. Throws SmBiosError when
+    /// not a single byte can be read.
+    std::vector<unsigned char> readAt(std::uint64_t offset, std::size_t size);
+
+    /// Throws an SmBiosError about this file with the text of an errno value.
+    [[noreturn]] void fail(const std::string& what, int errorNumber) const;
+
+private:
+    std::string _path;
+    std::string _advice;
+    int _descriptor;
+    int _error;
+};
+
+}

@@ -1,0 +1,11 @@
+#include "support/smbios/HostSource.h"
+
+namespace VQ
+{
+
+RawTables readRawTables()
+{
+    return readHostTables(HostPaths());
+}
+
+}

@@ -1,0 +1,85 @@
+#include "support/smbios/HostSource.h"
+
+#include "support/smbios/EntryPoint.h"
+#include "support/smbios/File.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
+
+namespace VQ
+{
+
+namespace
+{
+// The area of a PC's memory in which firmware leaves its entry points (DSP0134, clause 5.2).
+constexpr std::uint64_t AreaAddress = 0xF0000;
+constexpr std::size_t AreaSize = 0x10000;
+constexpr std::size_t AreaStep = 16;
+
+// Far more than the 65,536 structures that handles can tell apart ever take; the length that a 64-bit entry point
+// announces is only a maximum.
+constexpr std::uint32_t LargestTable = 64u << 20;
+
+bool doesNotExist(const std::string& path)
+{
+    struct stat status
+    {
+    };
+    return stat(path.c_str(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
+}
+
+std::vector<unsigned char> readFile(const std::string& path)
+{
+    File file(path, "the SMBIOS table is readable by root only: run as root");
+    if (!file.isOpen())
+        file.fail("cannot open", file.error());
+    return file.readAll();
+}
+
+using EntryPointTest = bool (*)(const unsigned char*, std::size_t);
+
+// The entry point that `test` accepts, from its first byte on; empty when the area holds none.
+std::vector<unsigned char> findEntryPoint(const std::vector<unsigned char>& area, EntryPointTest test)
+{
+    for (std::size_t position = 0; position + AreaStep <= area.size(); position += AreaStep) {
+        const std::size_t size = std::min(area.size() - position, MaxEntryPointSize);
+        const unsigned char* candidate = area.data() + position;
+        if (test(candidate, size))
+            return {candidate, candidate + size};
+    }
+    return {};
+}
+
+RawTables readMemory(const std::string& device)
+{
+    File memory(device, "the SMBIOS table is readable by root only, and only where the kernel is not locked down");
+    if (!memory.isOpen()) {
+        const bool nothingThere = memory.error() == ENOENT || memory.error() == ENXIO || memory.error() == ENODEV;
+        if (nothingThere)
+            return {};
+        memory.fail("cannot open", memory.error());
+    }
+    const std::vector<unsigned char> area = memory.readAt(AreaAddress, AreaSize);
+    RawTables raw;
+    raw.origin = device;
+    raw.entryPoint = findEntryPoint(area, isEntryPoint64);
+    if (raw.entryPoint.empty())
+        raw.entryPoint = findEntryPoint(area, isEntryPoint32);
+    if (raw.entryPoint.empty())
+        return {};
+    const EntryPoint entryPoint = parseEntryPoint(raw);
+    raw.structures = memory.readAt(entryPoint.tableAddress, std::min(entryPoint.tableLength, LargestTable));
+    return raw;
+}
+}
+
+RawTables readHostTables(const HostPaths& paths)
+{
+    if (doesNotExist(paths.tablesDirectory))
+        return readMemory(paths.memoryDevice);
+    const std::string entryPoint = paths.tablesDirectory + "/smbios_entry_point";
+    return {entryPoint, readFile(entryPoint), readFile(paths.tablesDirectory + "/DMI")};
+}
+
+}
