@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace VQ
+{
+
+/// Build number and version, as firmware writes them into the architected part of a product name: `ABCDE12-1.05`.
+struct ArchitectedVersion
+{
+    std::string buildNumber; ///< the text before the first dash; the whole text without one
+    std::string version;     ///< as many characters from the dash on as stand before it; empty without a dash
+};
+
+/// Splits architected data. Neither part keeps a dash or a blank at its ends.
+ArchitectedVersion splitArchitectedVersion(const std::string& architected);
+
+}

@@ -1,0 +1,89 @@
+#include "inventory/ComputerSystem.h"
+
+#include "support/common/DynamicLibrary.h"
+#include "support/common/ProductName.h"
+#include "support/common/System.h"
+#include "support/common/Text.h"
+#include "support/smbios/SmBios.h"
+#include "support/smbios/TableTypes.h"
+
+namespace VQ
+{
+
+namespace
+{
+constexpr const wchar_t* ProbeLibrary = L"../lib/libqorxenprobe.so";
+constexpr const wchar_t* GuestSymbol = L"running_in_xen_domU";
+constexpr const wchar_t* ControlSymbol = L"running_in_xen_dom0";
+constexpr std::uint32_t VirtualTypeAskedAgain = 2;
+constexpr std::uint32_t VirtualTypeGuest = 3;
+
+using Probe = int (*)();
+
+// The Product Name of the first type 1 structure, split; both parts empty when there is none.
+ProductName systemProductName()
+{
+    const SmBios smBios;
+    const auto& tables = smBios.getTables();
+    // Counted in 8 bits on purpose: callers know a table of 256 structures by its empty model.
+    const auto count = static_cast<std::uint8_t>(tables.size());
+    for (std::uint8_t i = 0; i < count; ++i) {
+        if (tables[i].getType() != 1)
+            continue;
+        const TableType1 system(tables[i]);
+        return ProductName(make_string(system.getString(system.getByte(0x05)))); // Product Name
+    }
+    return ProductName("");
+}
+}
+
+ComputerSystem::ComputerSystem()
+{
+    DynamicLibrary library(ProbeLibrary);
+    if (!library.load())
+        return;
+    const auto guest = reinterpret_cast<Probe>(library.getSymbol(GuestSymbol));
+    // The control domain's answer is looked up and never asked; the guest function is asked a second time instead.
+    // Kept: management software knows virtual type 2 by exactly this.
+    library.getSymbol(ControlSymbol);
+    if (guest() != 0) {
+        _virtualType = VirtualTypeGuest;
+        _virtualMethod = "Xen";
+    } else if (guest() != 0) {
+        _virtualType = VirtualTypeAskedAgain;
+        _virtualMethod = "Xen";
+    }
+    library.unload();
+}
+
+std::string ComputerSystem::getName() const
+{
+    return make_string(System::getName());
+}
+
+std::string ComputerSystem::getModel() const
+{
+    return systemProductName().getArchitectedData();
+}
+
+std::string ComputerSystem::getDescription() const
+{
+    return systemProductName().getUnarchitectedData();
+}
+
+std::string ComputerSystem::getOwnerName() const
+{
+    return {};
+}
+
+std::string ComputerSystem::getOwnerContact() const
+{
+    return {};
+}
+
+ComputerSystem GetComputerSystemInstance()
+{
+    return ComputerSystem();
+}
+
+}
