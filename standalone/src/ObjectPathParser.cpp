@@ -75,9 +75,10 @@ bool ObjectPathParser::legalHost(const String& host)
         return false;
     if (bracketed)
         return legalAddress(AF_INET6, name);
-    if (name.find_first_not_of("0123456789.") == std::string::npos)
-        return legalAddress(AF_INET, name);
-    return legalHostName(name);
+    // A host name's last part is never a number, so what ends in one must be an address.
+    const std::string last = name.substr(name.rfind('.') + 1);
+    const bool numeric = !last.empty() && last.find_first_not_of("0123456789") == std::string::npos;
+    return numeric ? legalAddress(AF_INET, name) : legalHostName(name);
 }
 
 void ObjectPathParser::fail(const char* reason) const
@@ -89,7 +90,7 @@ void ObjectPathParser::fail(const char* reason) const
 String ObjectPathParser::takeUntil(char end)
 {
     const Uint32 position = rest_.find(Char16(static_cast<unsigned char>(end)));
-    const String taken = rest_.subString(0, position);
+    String taken = rest_.subString(0, position);
     rest_ = position == PEG_NOT_FOUND ? String() : rest_.subString(position + 1);
     return taken;
 }
@@ -101,7 +102,7 @@ String ObjectPathParser::host()
     rest_ = rest_.subString(2);
     if (rest_.find('/') == PEG_NOT_FOUND)
         fail("no slash after the host");
-    const String name = takeUntil('/');
+    String name = takeUntil('/');
     if (!legalHost(name))
         fail("no legal host");
     return name;
@@ -116,7 +117,8 @@ CIMNamespaceName ObjectPathParser::nameSpace(bool required)
         return CIMNamespaceName();
     }
     const String name = takeUntil(':');
-    if (!CIMNamespaceName::legal(name))
+    // The slash that a namespace may start with is the one that ends the host.
+    if (!CIMNamespaceName::legal(name) || (required && startsWith(name, "/")))
         fail("no legal namespace name");
     return CIMNamespaceName(name);
 }

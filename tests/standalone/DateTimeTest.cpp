@@ -80,6 +80,7 @@ TEST(CIMDateTime, RefusesAnIntervalWithAnOffset)
 {
     expectBadFormat("00000001010203.000000:001");
     expectBadFormat("00000001010203.000000:***");
+    expectBadFormat("00000001240000.000000:001");
 }
 
 TEST(CIMDateTime, KnowsLeapYears)

@@ -65,8 +65,8 @@ TEST(CIMObjectPath, LetsTheKeysBeAbsentAfterTheirPointOrComma)
 TEST(CIMObjectPath, RefusesABadHost)
 {
     for (const char* path :
-         {"//h", "///root:C", "//-h/r:C", "//h..x/r:C", "//h x/r:C", "//1.2.3/r:C", "//1.2.3.400/r:C", "//h:65536/r:C",
-          "//user@h/r:C", "//[g]/r:C", "//[::1/r:C", "//\xC3\xA9/r:C"})
+         {"//h", "///root:C", "//-h/r:C", "//h..x/r:C", "//h x/r:C", "//1.2.3/r:C", "//1.2.3.400/r:C", "//a.1/r:C",
+          "//h:65536/r:C", "//user@h/r:C", "//[g]/r:C", "//[::1/r:C", "//\xC3\xA9/r:C"})
         expectMalformed(path);
 }
 
@@ -74,6 +74,7 @@ TEST(CIMObjectPath, RefusesAHostWithoutANamespace)
 {
     expectMalformed("//h/C");
     expectMalformed("//h/:C");
+    expectMalformed("//h//r:C");
 }
 
 TEST(CIMObjectPath, RefusesABadNamespaceOrClass)

@@ -43,6 +43,11 @@ TEST(Standalone, ALoneSurrogateKeepsItsPlace)
               text(String(units, 4)));
 }
 
+TEST(Standalone, AnAddressWithLeadingZerosIsNoHost)
+{
+    EXPECT_THROW(CIMObjectPath(String("//010.0.0.1/r:C")), MalformedObjectNameException);
+}
+
 TEST(Standalone, AnUnknownCodeOrTypeHasANameToo)
 {
     EXPECT_STREQ("unknown CIM status code", cimStatusCodeToString(CIMStatusCode(18)));
