@@ -117,10 +117,10 @@ void checkTimestamp(const char* text)
 
 void checkInterval(const char* text)
 {
-    std::array<int, 4> fields = {};
-    checkFields(text, INTERVAL, fields);
     if (std::strcmp(text + OFFSET, "000") != 0)
         throw InvalidDateTimeFormatException();
+    std::array<int, 4> fields = {};
+    checkFields(text, INTERVAL, fields);
 }
 
 void nextDay(Timestamp& t)

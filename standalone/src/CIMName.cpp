@@ -25,7 +25,7 @@ const String& legalName(const String& name)
 
 Uint32 leadingSlash(const String& name)
 {
-    return name.size() > 0 && name[0] == '/' ? 1 : 0;
+    return name.size() > 0 && name[0] == Char16('/') ? 1 : 0;
 }
 
 String legalNamespace(const String& name)

@@ -10,12 +10,15 @@ namespace Pegasus
 {
 namespace
 {
+const Char16 QUOTE('"');
+const Char16 BACKSLASH('\\');
+
 String escaped(const String& value)
 {
     String text;
     for (Uint32 i = 0; i < value.size(); ++i) {
-        if (value[i] == '"' || value[i] == '\\')
-            text.append(Char16('\\'));
+        if (value[i] == QUOTE || value[i] == BACKSLASH)
+            text.append(BACKSLASH);
         text.append(value[i]);
     }
     return text;

@@ -3,65 +3,12 @@
 
 #include <cstdio>
 #include <string>
+#include <type_traits>
 
 namespace Pegasus
 {
 namespace
 {
-template <class T> struct TypeOf;
-template <> struct TypeOf<Boolean>
-{
-    static constexpr CIMType type = CIMTYPE_BOOLEAN;
-};
-template <> struct TypeOf<Uint8>
-{
-    static constexpr CIMType type = CIMTYPE_UINT8;
-};
-template <> struct TypeOf<Sint8>
-{
-    static constexpr CIMType type = CIMTYPE_SINT8;
-};
-template <> struct TypeOf<Uint16>
-{
-    static constexpr CIMType type = CIMTYPE_UINT16;
-};
-template <> struct TypeOf<Sint16>
-{
-    static constexpr CIMType type = CIMTYPE_SINT16;
-};
-template <> struct TypeOf<Uint32>
-{
-    static constexpr CIMType type = CIMTYPE_UINT32;
-};
-template <> struct TypeOf<Sint32>
-{
-    static constexpr CIMType type = CIMTYPE_SINT32;
-};
-template <> struct TypeOf<Uint64>
-{
-    static constexpr CIMType type = CIMTYPE_UINT64;
-};
-template <> struct TypeOf<Sint64>
-{
-    static constexpr CIMType type = CIMTYPE_SINT64;
-};
-template <> struct TypeOf<Real32>
-{
-    static constexpr CIMType type = CIMTYPE_REAL32;
-};
-template <> struct TypeOf<Real64>
-{
-    static constexpr CIMType type = CIMTYPE_REAL64;
-};
-template <> struct TypeOf<String>
-{
-    static constexpr CIMType type = CIMTYPE_STRING;
-};
-template <> struct TypeOf<CIMDateTime>
-{
-    static constexpr CIMType type = CIMTYPE_DATETIME;
-};
-
 /// Calls `function` with a null pointer to the C++ type of `type`.
 template <class Function> auto withType(CIMType type, Function function)
 {
@@ -138,65 +85,57 @@ CIMValue::CIMValue(CIMType type, Boolean isArray, Uint32 arraySize)
 {
 }
 
-template <class T> void CIMValue::getScalar(T& value) const
+bool CIMValue::holds(CIMType type, bool isArray) const
 {
-    if (type_ != TypeOf<T>::type || isArray_)
+    if (type_ != type || isArray_ != isArray)
         throw TypeMismatchException();
-    if (data_)
-        value = held<T>(data_);
-}
-
-template <class T> void CIMValue::getArray(Array<T>& value) const
-{
-    if (type_ != TypeOf<T>::type || !isArray_)
-        throw TypeMismatchException();
-    if (data_)
-        value = held<Array<T>>(data_);
+    return !isNull();
 }
 
 // One constructor and one get() for each type, in the order of the declarations.
-#define VQ_CIM_SCALAR(T, Parameter)                                                                                    \
-    CIMValue::CIMValue(Parameter value) : type_(TypeOf<T>::type), data_(std::make_shared<const T>(value)) {}           \
+#define VQ_CIM_SCALAR(T, Parameter, type)                                                                              \
+    CIMValue::CIMValue(Parameter value) : type_(type), data_(std::make_shared<const T>(value)) {}                      \
     void CIMValue::get(T& value) const                                                                                 \
     {                                                                                                                  \
-        getScalar(value);                                                                                              \
+        if (holds(type, false))                                                                                        \
+            value = held<T>(data_);                                                                                    \
     }
 
-#define VQ_CIM_ARRAY(T)                                                                                                \
+#define VQ_CIM_ARRAY(T, type)                                                                                          \
     CIMValue::CIMValue(const Array<T>& value)                                                                          \
-        : type_(TypeOf<T>::type), isArray_(true), arraySize_(value.size()),                                            \
-          data_(std::make_shared<const Array<T>>(value))                                                               \
+        : type_(type), isArray_(true), arraySize_(value.size()), data_(std::make_shared<const Array<T>>(value))        \
     {                                                                                                                  \
     }                                                                                                                  \
     void CIMValue::get(Array<T>& value) const                                                                          \
     {                                                                                                                  \
-        getArray(value);                                                                                               \
+        if (holds(type, true))                                                                                         \
+            value = held<Array<T>>(data_);                                                                             \
     }
 
-VQ_CIM_SCALAR(Boolean, Boolean)
-VQ_CIM_SCALAR(Uint8, Uint8)
-VQ_CIM_SCALAR(Sint8, Sint8)
-VQ_CIM_SCALAR(Uint16, Uint16)
-VQ_CIM_SCALAR(Sint16, Sint16)
-VQ_CIM_SCALAR(Uint32, Uint32)
-VQ_CIM_SCALAR(Sint32, Sint32)
-VQ_CIM_SCALAR(Uint64, Uint64)
-VQ_CIM_SCALAR(Sint64, Sint64)
-VQ_CIM_SCALAR(Real32, Real32)
-VQ_CIM_SCALAR(Real64, Real64)
-VQ_CIM_SCALAR(String, const String&)
-VQ_CIM_SCALAR(CIMDateTime, const CIMDateTime&)
-VQ_CIM_ARRAY(Boolean)
-VQ_CIM_ARRAY(Uint8)
-VQ_CIM_ARRAY(Sint8)
-VQ_CIM_ARRAY(Uint16)
-VQ_CIM_ARRAY(Sint16)
-VQ_CIM_ARRAY(Uint32)
-VQ_CIM_ARRAY(Sint32)
-VQ_CIM_ARRAY(Uint64)
-VQ_CIM_ARRAY(Sint64)
-VQ_CIM_ARRAY(String)
-VQ_CIM_ARRAY(CIMDateTime)
+VQ_CIM_SCALAR(Boolean, Boolean, CIMTYPE_BOOLEAN)
+VQ_CIM_SCALAR(Uint8, Uint8, CIMTYPE_UINT8)
+VQ_CIM_SCALAR(Sint8, Sint8, CIMTYPE_SINT8)
+VQ_CIM_SCALAR(Uint16, Uint16, CIMTYPE_UINT16)
+VQ_CIM_SCALAR(Sint16, Sint16, CIMTYPE_SINT16)
+VQ_CIM_SCALAR(Uint32, Uint32, CIMTYPE_UINT32)
+VQ_CIM_SCALAR(Sint32, Sint32, CIMTYPE_SINT32)
+VQ_CIM_SCALAR(Uint64, Uint64, CIMTYPE_UINT64)
+VQ_CIM_SCALAR(Sint64, Sint64, CIMTYPE_SINT64)
+VQ_CIM_SCALAR(Real32, Real32, CIMTYPE_REAL32)
+VQ_CIM_SCALAR(Real64, Real64, CIMTYPE_REAL64)
+VQ_CIM_SCALAR(String, const String&, CIMTYPE_STRING)
+VQ_CIM_SCALAR(CIMDateTime, const CIMDateTime&, CIMTYPE_DATETIME)
+VQ_CIM_ARRAY(Boolean, CIMTYPE_BOOLEAN)
+VQ_CIM_ARRAY(Uint8, CIMTYPE_UINT8)
+VQ_CIM_ARRAY(Sint8, CIMTYPE_SINT8)
+VQ_CIM_ARRAY(Uint16, CIMTYPE_UINT16)
+VQ_CIM_ARRAY(Sint16, CIMTYPE_SINT16)
+VQ_CIM_ARRAY(Uint32, CIMTYPE_UINT32)
+VQ_CIM_ARRAY(Sint32, CIMTYPE_SINT32)
+VQ_CIM_ARRAY(Uint64, CIMTYPE_UINT64)
+VQ_CIM_ARRAY(Sint64, CIMTYPE_SINT64)
+VQ_CIM_ARRAY(String, CIMTYPE_STRING)
+VQ_CIM_ARRAY(CIMDateTime, CIMTYPE_DATETIME)
 
 Boolean CIMValue::typeCompatible(const CIMValue& other) const
 {

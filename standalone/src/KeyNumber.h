@@ -10,7 +10,7 @@ struct KeyNumber
     bool negative = false;
     Uint64 magnitude = 0;
 
-    /// Reads decimal digits without leading zeros, or 0x and hexadecimal digits, after an optional minus sign.
+    /// Reads decimal digits without leading zeros, or 0x and hexadecimal digits, after an optional sign.
     /// False where the text is anything else, or lies outside of Uint64 and Sint64.
     bool parse(const String& text);
 };

@@ -12,18 +12,12 @@ namespace Pegasus
 {
 namespace
 {
+const Char16 QUOTE('"');
+const Char16 BACKSLASH('\\');
+
 bool startsWith(const String& text, const String& start)
 {
     return text.subString(0, start.size()) == start;
-}
-
-/// The value of a digit in `base`, which is 10 or 16; `base` for anything else.
-Uint32 digitValue(Uint16 unit, Uint32 base)
-{
-    if (unit >= '0' && unit <= '9')
-        return unit - '0';
-    const Uint32 letter = unit | 0x20;
-    return base == 16 && letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : base;
 }
 
 bool legalPort(const std::string& port)
@@ -68,33 +62,6 @@ bool legalAddress(int family, const std::string& address)
 }
 }
 
-bool KeyNumber::parse(const String& text)
-{
-    Uint32 at = 0;
-    negative = text[0] == '-';
-    if (negative)
-        ++at;
-    Uint32 base = 10;
-    if (text.size() > at + 1 && text[at] == '0') {
-        if ((text[at + 1] | 0x20) != 'x')
-            return false;
-        base = 16;
-        at += 2;
-    }
-    if (at == text.size())
-        return false;
-    const Uint64 largest = negative ? Uint64(1) << 63 : ~Uint64(0);
-    magnitude = 0;
-    for (; at < text.size(); ++at) {
-        const Uint32 digit = digitValue(text[at], base);
-        if (digit == base || magnitude > (largest - digit) / base)
-            return false;
-        magnitude = magnitude * base + digit;
-    }
-    negative = negative && magnitude != 0;
-    return true;
-}
-
 bool ObjectPathParser::legalHost(const String& host)
 {
     const std::string text(static_cast<const char*>(host.getCString()));
@@ -108,9 +75,10 @@ bool ObjectPathParser::legalHost(const String& host)
         return false;
     if (bracketed)
         return legalAddress(AF_INET6, name);
-    if (name.find_first_not_of("0123456789.") == std::string::npos)
-        return legalAddress(AF_INET, name);
-    return legalHostName(name);
+    // A host name's last part is never a number, so what ends in one must be an address.
+    const std::string last = name.substr(name.rfind('.') + 1);
+    const bool numeric = !last.empty() && last.find_first_not_of("0123456789") == std::string::npos;
+    return numeric ? legalAddress(AF_INET, name) : legalHostName(name);
 }
 
 void ObjectPathParser::fail(const char* reason) const
@@ -122,7 +90,7 @@ void ObjectPathParser::fail(const char* reason) const
 String ObjectPathParser::takeUntil(char end)
 {
     const Uint32 position = rest_.find(Char16(static_cast<unsigned char>(end)));
-    const String taken = rest_.subString(0, position);
+    String taken = rest_.subString(0, position);
     rest_ = position == PEG_NOT_FOUND ? String() : rest_.subString(position + 1);
     return taken;
 }
@@ -134,7 +102,7 @@ String ObjectPathParser::host()
     rest_ = rest_.subString(2);
     if (rest_.find('/') == PEG_NOT_FOUND)
         fail("no slash after the host");
-    const String name = takeUntil('/');
+    String name = takeUntil('/');
     if (!legalHost(name))
         fail("no legal host");
     return name;
@@ -149,7 +117,8 @@ CIMNamespaceName ObjectPathParser::nameSpace(bool required)
         return CIMNamespaceName();
     }
     const String name = takeUntil(':');
-    if (!CIMNamespaceName::legal(name))
+    // The slash that a namespace may start with is the one that ends the host.
+    if (!CIMNamespaceName::legal(name) || (required && startsWith(name, "/")))
         fail("no legal namespace name");
     return CIMNamespaceName(name);
 }
@@ -178,7 +147,7 @@ CIMKeyBinding ObjectPathParser::keyBinding()
     if (!CIMName::legal(name))
         fail("no legal key name");
 
-    if (rest_[0] == '"') {
+    if (rest_[0] == QUOTE) {
         const String value = quotedValue();
         try {
             const CIMObjectPath reference(value);
@@ -196,7 +165,7 @@ CIMKeyBinding ObjectPathParser::keyBinding()
             return CIMKeyBinding(name, String(truth), CIMKeyBinding::BOOLEAN);
     }
     KeyNumber number;
-    if (!number.parse(value))
+    if (value[0] == Char16('+') || !number.parse(value)) // a path's numbers have no plus sign, unlike a key's
         fail("a key value that is no number, no Boolean and not quoted");
     return CIMKeyBinding(name, value, CIMKeyBinding::NUMERIC);
 }
@@ -206,10 +175,10 @@ String ObjectPathParser::quotedValue()
 {
     String value;
     Uint32 at = 1;
-    for (; at < rest_.size() && rest_[at] != '"'; ++at) {
-        if (rest_[at] == '\\') {
+    for (; at < rest_.size() && rest_[at] != QUOTE; ++at) {
+        if (rest_[at] == BACKSLASH) {
             ++at;
-            if (rest_[at] != '"' && rest_[at] != '\\')
+            if (rest_[at] != QUOTE && rest_[at] != BACKSLASH)
                 fail("an unknown escape in a key value");
         }
         value.append(rest_[at]);

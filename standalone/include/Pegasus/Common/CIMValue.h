@@ -89,8 +89,8 @@ public:
     Boolean equal(const CIMValue& other) const;
 
 private:
-    template <class T> void getScalar(T& value) const;
-    template <class T> void getArray(Array<T>& value) const;
+    /// False for null; throws TypeMismatchException where the type is another one.
+    bool holds(CIMType type, bool isArray) const;
 
     CIMType type_ = CIMTYPE_BOOLEAN;
     Boolean isArray_ = false;

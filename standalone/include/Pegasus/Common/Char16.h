@@ -4,7 +4,7 @@
 
 namespace Pegasus
 {
-/// One UTF-16 code unit. Compares and computes as the Uint16 it converts to.
+/// One UTF-16 code unit. Write Char16('x') to compare it with a character.
 class PEGASUS_EXPORT Char16
 {
 public:
@@ -16,4 +16,14 @@ public:
 private:
     Uint16 unit_;
 };
+
+inline Boolean operator==(const Char16& a, const Char16& b)
+{
+    return Uint16(a) == Uint16(b);
+}
+
+inline Boolean operator!=(const Char16& a, const Char16& b)
+{
+    return Uint16(a) != Uint16(b);
+}
 }
