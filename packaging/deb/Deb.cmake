@@ -1,0 +1,13 @@
+# The dependencies are written out: dpkg-shlibdeps knows the host's libraries only, and on an amd64 host those of the
+# 32-bit module come from packages that an i386 machine does not have. OpenPegasus is in no Debian package.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE i386)
+else()
+    set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE amd64)
+endif()
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION admin)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= ${_glibc}), libgcc-s1, libstdc++6 (>= ${_gcc})")
+set(CPACK_DEBIAN_PACKAGE_CONFLICTS ${VQ_PACKAGE_OTHER_NAME})
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+vq_package_scripts(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA deb/postinst deb/prerm)

@@ -1,0 +1,41 @@
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    set(CPACK_RPM_PACKAGE_ARCHITECTURE i686)
+    set(_mark "")
+else()
+    set(CPACK_RPM_PACKAGE_ARCHITECTURE x86_64)
+    set(_mark "()(64bit)")
+endif()
+set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
+set(CPACK_RPM_PACKAGE_GROUP "System Environment/Base")
+set(CPACK_RPM_PACKAGE_LICENSE "none stated")
+set(CPACK_RPM_PACKAGE_CONFLICTS ${VQ_PACKAGE_OTHER_NAME})
+
+# By the names of the libraries, which every distribution's packages provide. rpmbuild finds them by itself only where
+# libraries are installed as executable files.
+set(_needed libc.so.6 libgcc_s.so.1 libstdc++.so.6)
+if(VQ_CIM_LIBRARY STREQUAL "openpegasus")
+    foreach(_library ${Pegasus_COMMON_LIBRARY} ${Pegasus_PROVIDER_LIBRARY})
+        get_filename_component(_file ${_library} REALPATH)
+        get_filename_component(_file ${_file} NAME)
+        list(APPEND _needed ${_file})
+    endforeach()
+endif()
+list(TRANSFORM _needed APPEND "${_mark}")
+list(JOIN _needed ", " CPACK_RPM_PACKAGE_REQUIRES)
+set(CPACK_RPM_PACKAGE_REQUIRES "/usr/bin/timeout, bash, ${CPACK_RPM_PACKAGE_REQUIRES}")
+
+# The module's libraries are nobody else's.
+set(CPACK_RPM_SPEC_MORE_DEFINE "%global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/${VQ_INSTALL_MODULE_DIR}/.*$
+%global __requires_exclude ^lib(vq[a-z]+|SystemProvider)[.]so.*$")
+# Directories of the system, which other packages own.
+foreach(_dir ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_SBINDIR} ${CMAKE_INSTALL_INCLUDEDIR}
+        ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_DATAROOTDIR}/doc ${CMAKE_INSTALL_MANDIR}
+        ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_MANDIR}/man8)
+    list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION ${CMAKE_INSTALL_PREFIX}/${_dir})
+endforeach()
+
+vq_package_scripts(_scripts rpm/post rpm/preun)
+if(_scripts)
+    list(GET _scripts 0 CPACK_RPM_POST_INSTALL_SCRIPT_FILE)
+    list(GET _scripts 1 CPACK_RPM_PRE_UNINSTALL_SCRIPT_FILE)
+endif()
