@@ -28,22 +28,19 @@ std::string escaped(unsigned char control)
     }
 }
 
+// Characters beyond ASCII stand as they are, in UTF-8: MOF compilers are known to misread their escaped form.
 std::string quoted(const std::string& text)
 {
     std::string result = "\"";
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
-        if (byte == '"' || byte == '\\') {
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
             result += '\\';
-            result += text[i];
+            result += c;
         } else if (byte < 0x20 || byte == 0x7F) {
             result += escaped(byte);
-        } else if (byte == 0xC2 && next >= 0x80 && next < 0xA0) { // U+0080 to U+009F
-            result += escaped(static_cast<unsigned char>(next));
-            ++i;
         } else {
-            result += text[i];
+            result += c;
         }
     }
     return result + '"';
