@@ -141,21 +141,21 @@ const std::string& checkedModule(const std::string& file)
 Module::Module(const std::string& file) : _library(checkedModule(file), RTLD_LAZY | RTLD_GLOBAL)
 {
     const auto create = reinterpret_cast<CreateProvider>(_library.symbol("PegasusCreateProvider"));
-    const auto failure = failureOf([this, create] { _provider = create(ProviderName); });
+    const auto failure = failureOf([this, create] { _provider.reset(create(ProviderName)); });
     if (failure)
         throw LoadError(file + " failed to create its provider: " + failure->text);
-    _instances = dynamic_cast<CIMInstanceProvider*>(_provider);
-    _methods = dynamic_cast<CIMMethodProvider*>(_provider);
+    _instances = dynamic_cast<CIMInstanceProvider*>(_provider.get());
+    _methods = dynamic_cast<CIMMethodProvider*>(_provider.get());
     if (!_instances || !_methods)
         throw LoadError(file + " has no provider \"" + ProviderName + "\" of instances and methods");
     if (const auto refusal = failureOf([this] { _provider->initialize(_handle); }))
         throw LoadError(file + " failed to initialize its provider: " + refusal->text);
 }
 
-Module::~Module()
+void Module::Terminate::operator()(CIMProvider* provider) const
 {
     // There is nobody left to tell of a failure.
-    failureOf([this] { _provider->terminate(); });
+    failureOf([provider] { provider->terminate(); });
 }
 
 Answer Module::enumerate(const std::string& className)

@@ -8,6 +8,7 @@
 #include <Pegasus/Provider/CIMMethodProvider.h>
 #include <Pegasus/Provider/CIMOMHandle.h>
 
+#include <memory>
 #include <string>
 
 namespace VQ::Tool
@@ -20,9 +21,6 @@ class Module
 public:
     /// Throws LoadError when the file is no module, or has no provider "SystemProvider" of instances and methods.
     explicit Module(const std::string& file);
-    ~Module();
-    Module(const Module&) = delete;
-    Module& operator=(const Module&) = delete;
 
     Answer enumerate(const std::string& className);
     Answer names(const std::string& className);
@@ -34,9 +32,15 @@ public:
     MethodAnswer invoke(const std::string& className, const std::string& method);
 
 private:
-    SharedLibrary _library;
+    // A provider is ended by its own `terminate`, never deleted by its host.
+    struct Terminate
+    {
+        void operator()(Pegasus::CIMProvider* provider) const;
+    };
+
+    SharedLibrary _library; // first, so that it is unloaded last
     Pegasus::CIMOMHandle _handle;
-    Pegasus::CIMProvider* _provider = nullptr;
+    std::unique_ptr<Pegasus::CIMProvider, Terminate> _provider;
     Pegasus::CIMInstanceProvider* _instances = nullptr;
     Pegasus::CIMMethodProvider* _methods = nullptr;
 };
