@@ -127,7 +127,7 @@ Instance toInstance(const CIMObjectPath& path)
     Instance result;
     result.className = toText(path.getClassName().getString());
     result.path = toText(path.toString());
-    const Array<CIMKeyBinding> keys = path.getKeyBindings();
+    const Array<CIMKeyBinding>& keys = path.getKeyBindings();
     for (Uint32 i = 0; i < keys.size(); ++i)
         result.keys.push_back({toText(keys[i].getName().getString()), {false, false, {toScalar(keys[i])}}});
     return result;
@@ -136,7 +136,7 @@ Instance toInstance(const CIMObjectPath& path)
 Instance toInstance(const CIMInstance& instance)
 {
     Instance result = toInstance(instance.getPath());
-    const Array<CIMKeyBinding> keys = instance.getPath().getKeyBindings();
+    const Array<CIMKeyBinding>& keys = instance.getPath().getKeyBindings();
     for (Uint32 i = 0; i < instance.getPropertyCount(); ++i) {
         const CIMConstProperty property = instance.getProperty(i);
         result.properties.push_back(

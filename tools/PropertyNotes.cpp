@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
-#include <cstdlib>
 
 namespace VQ::Tool
 {
@@ -107,7 +106,7 @@ std::string readableDateTime(const std::string& cimText)
     if (!allDigits(cimText.substr(8, 6)) || !allDigits(cimText.substr(22)))
         return text;
     text += " " + cimText.substr(8, 2) + ":" + cimText.substr(10, 2) + ":" + cimText.substr(12, 2);
-    const int offset = std::atoi(cimText.substr(22).c_str());
+    const int offset = std::stoi(cimText.substr(22));
     char zone[16];
     std::snprintf(zone, sizeof zone, " %c%02d:%02d", cimText[21], offset / 60, offset % 60);
     return text + zone;
