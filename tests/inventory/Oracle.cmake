@@ -4,3 +4,9 @@ add_executable(make_samples make_samples.cpp GoldenText.cpp SampleTables.cpp)
 target_link_libraries(make_samples PRIVATE vq_module_objects vq_testing vq_warnings ${CMAKE_DL_LIBS})
 add_custom_target(update-samples COMMAND make_samples ${CMAKE_SOURCE_DIR}/samples VERBATIM)
 vq_test(samples_test SOURCES SamplesTest.cpp GoldenText.cpp SampleTables.cpp LIBRARIES vq_module_objects)
+
+# The classes against Debian's dmidecode, over the samples and over real dumps where there are any.
+set(VQ_DUMPS ${CMAKE_SOURCE_DIR}/../shared/dumps CACHE PATH "SMBIOS dumps of real machines that tests read (*.bin)")
+vq_test(oracle_test SOURCES OracleTest.cpp CodeTexts.cpp Dmidecode.cpp DmidecodeFacts.cpp KnownDifferences.cpp
+    ModuleFacts.cpp SampleTables.cpp LIBRARIES vq_module_objects)
+target_compile_definitions(oracle_test PRIVATE VQ_DUMPS="${VQ_DUMPS}")
