@@ -1,4 +1,4 @@
-// The meanings of codes, in dmidecode's words.
+// The meanings of codes, in the words of dmidecode 3.4 (Debian 12).
 
 #include "tests/inventory/Facts.h"
 

@@ -1,5 +1,6 @@
-// The classes measured against Debian's dmidecode: over every real dump, the project's samples, and a table that holds
-// every code, both must say the same of every field. Where they do not, KnownDifferences says why.
+// The classes measured against Debian's dmidecode: over every real dump, the project's samples, and tables made for rare
+// codes and for fields that are not there, both must say the same of every field. Where they do not, KnownDifferences
+// says why.
 
 #include "tests/inventory/Dmidecode.h"
 #include "tests/inventory/Facts.h"
@@ -19,7 +20,6 @@
 namespace
 {
 constexpr const char* DumpFolder = VQ_DUMPS;
-constexpr const char* EveryCode = "every-code";
 constexpr const char* NoDumps = "no-dumps";
 
 std::set<std::string> dumpNames()
@@ -34,19 +34,6 @@ std::set<std::string> dumpNames()
         closedir(folder);
     }
     return names;
-}
-
-std::vector<std::string> machines()
-{
-    std::vector<std::string> all;
-    for (const Sample& sample : Samples)
-        all.emplace_back(sample.name);
-    all.emplace_back(EveryCode);
-    const std::set<std::string> dumps = dumpNames();
-    all.insert(all.end(), dumps.begin(), dumps.end());
-    if (dumps.empty())
-        all.emplace_back(NoDumps);
-    return all;
 }
 
 // A cache and a port connector for each value of their code bytes; the bits of the cache configuration run through all
@@ -65,6 +52,51 @@ TableBuilder everyCode()
     }
     table.type(127);
     return table;
+}
+
+// An old machine: structures of the first versions of the standard, a year of two digits, strings in another order than
+// their fields, numbers of strings that are not there.
+TableBuilder oldMachine()
+{
+    TableBuilder table;
+    table.version(2, 1);
+    table.type(0).string("06/23/05").string("R 4.2").string("Maker").byte(0x04, 3).byte(0x05, 2).byte(0x08, 1);
+    table.length(0x12);
+    table.type(1).string("Serial").string("Product").byte(0x05, 2).byte(0x07, 1);
+    table.type(2).string("Board serial").byte(0x05, 4).byte(0x07, 1);
+    table.type(3).string("Tag").string("Maker").byte(0x04, 2).byte(0x08, 1).length(0x09);
+    table.type(7).word(0x05, 0x0122).word(0x07, 0x8001).word(0x09, 0x0020).length(0x0F);
+    table.type(8).string("Out").string("In").byte(0x04, 2).byte(0x06, 1).length(0x09);
+    table.type(9).string("other").string("ISA 2").byte(0x04, 2).length(0x0C);
+    table.type(9).string("other").byte(0x04, 2).length(0x0C);
+    table.type(9).length(0x0C);
+    table.type(12).byte(0x04, 3).string("first").string("second");
+    table.type(13).string("fr").string("en").byte(0x04, 2).byte(0x15, 2);
+    table.type(127);
+    return table;
+}
+
+constexpr Sample Generated[] = {{"every-code", everyCode}, {"old-machine", oldMachine}};
+
+const Sample* generated(const std::string& machine)
+{
+    const auto found = std::find_if(std::begin(Generated), std::end(Generated),
+                                    [&machine](const Sample& each) { return machine == each.name; });
+    return found == std::end(Generated) ? nullptr : found;
+}
+
+std::vector<std::string> machines()
+{
+    std::vector<std::string> all;
+    for (const Sample& sample : Samples)
+        all.emplace_back(sample.name);
+    for (const Sample& each : Generated)
+        all.emplace_back(each.name);
+    const std::set<std::string> dumps = dumpNames();
+    all.insert(all.end(), dumps.begin(), dumps.end());
+    if (dumps.empty())
+        all.emplace_back(NoDumps);
+    return all;
 }
 
 std::string fileOf(const std::string& machine)
@@ -124,8 +156,8 @@ protected:
     {
         if (GetParam() == NoDumps)
             GTEST_SKIP() << "no dumps of real machines in " << DumpFolder;
-        if (GetParam() == EveryCode)
-            file = temporary = writeTemporaryFile(everyCode().dump());
+        if (const Sample* machine = generated(GetParam()))
+            file = temporary = writeTemporaryFile(machine->table().dump());
         else
             file = fileOf(GetParam());
     }
