@@ -10,3 +10,6 @@ set(VQ_DUMPS ${CMAKE_SOURCE_DIR}/../shared/dumps CACHE PATH "SMBIOS dumps of rea
 vq_test(oracle_test SOURCES OracleTest.cpp CodeTexts.cpp Dmidecode.cpp DmidecodeFacts.cpp KnownDifferences.cpp
     ModuleFacts.cpp SampleTables.cpp LIBRARIES vq_module_objects)
 target_compile_definitions(oracle_test PRIVATE VQ_DUMPS="${VQ_DUMPS}")
+
+# The cost of a request grows no faster than the table.
+vq_test(growth_test SOURCES GrowthTest.cpp LargeTables.cpp Measure.cpp LIBRARIES vq_module_objects)

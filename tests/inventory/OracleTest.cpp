@@ -1,6 +1,6 @@
-// The classes measured against Debian's dmidecode: over every real dump, the project's samples, and tables made for rare
-// codes and for fields that are not there, both must say the same of every field. Where they do not, KnownDifferences
-// says why.
+// The classes measured against Debian's dmidecode: over every real dump, the project's samples, and tables made for
+// rare codes and for fields that are not there, both must say the same of every field. Where they do not,
+// KnownDifferences says why.
 
 #include "tests/inventory/Dmidecode.h"
 #include "tests/inventory/Facts.h"
