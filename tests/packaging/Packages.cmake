@@ -1,0 +1,34 @@
+# The packages of this build: what they hold, what their scripts do, and an installation with all that follows.
+if(VQ_SANITIZE)
+    return() # no packages are made of such a build
+endif()
+
+file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/packages/settings.bash @ONLY CONTENT [[
+cpack='@CMAKE_CPACK_COMMAND@'
+source_dir='@CMAKE_SOURCE_DIR@'
+binary_dir='@CMAKE_BINARY_DIR@'
+package_dir='@CMAKE_CURRENT_BINARY_DIR@/packages'
+cim_library='@VQ_CIM_LIBRARY@'
+pegasus_libraries='@Pegasus_LIB_DIR@'
+pointer_size='@CMAKE_SIZEOF_VOID_P@'
+version='@PROJECT_VERSION@'
+bin='@CMAKE_INSTALL_FULL_BINDIR@'
+sbin='@CMAKE_INSTALL_FULL_SBINDIR@'
+include='@CMAKE_INSTALL_FULL_INCLUDEDIR@'
+man='@CMAKE_INSTALL_FULL_MANDIR@'
+module_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_MODULE_DIR@'
+schema_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_SCHEMA_DIR@'
+doc_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_DOC_DIR@'
+]])
+
+function(vq_package_test name)
+    add_test(NAME packages.${name} COMMAND
+        bash ${CMAKE_CURRENT_SOURCE_DIR}/packages/${name}.bash ${CMAKE_CURRENT_BINARY_DIR}/packages/settings.bash)
+    set_tests_properties(packages.${name} PROPERTIES LABELS packaging SKIP_RETURN_CODE 77 TIMEOUT 300 ${ARGN})
+endfunction()
+
+vq_package_test(make_deb FIXTURES_SETUP deb RESOURCE_LOCK cpack)
+vq_package_test(deb_contents FIXTURES_REQUIRED deb)
+vq_package_test(deb_scripts FIXTURES_REQUIRED deb)
+vq_package_test(deb_installation FIXTURES_REQUIRED deb)
+vq_package_test(rpm RESOURCE_LOCK cpack)

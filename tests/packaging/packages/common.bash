@@ -1,0 +1,101 @@
+# What the tests of the packages share. Each is run with the file of the build's settings as its argument.
+set -euo pipefail
+# shellcheck source=/dev/null
+. "$1"
+export LC_ALL=C
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+failures=0
+
+# Ends the test, which this machine can't run.
+skip()
+{
+    echo "SKIPPED: $*"
+    exit 77
+}
+
+# check WHAT EXPECTED ACTUAL
+check()
+{
+    if [ "$2" = "$3" ]; then
+        echo "ok: $1"
+    else
+        echo "FAILED: $1"
+        diff <(printf '%s\n' "$2") <(printf '%s\n' "$3") | sed 's/^</  expected:/; s/^>/  found:   /'
+        failures=$((failures + 1))
+    fi
+}
+
+finish()
+{
+    [ "$failures" -eq 0 ] || { echo "$failures check(s) failed"; exit 1; }
+    exit 0
+}
+
+if [ "$cim_library" = openpegasus ]; then package=systemprovider; else package=systemprovider-standalone; fi
+if [ "$pointer_size" = 4 ]; then deb_architecture=i386 rpm_architecture=i686; else deb_architecture=amd64 rpm_architecture=x86_64; fi
+deb=$package_dir/${package}_${version}_$deb_architecture.deb
+
+# The files of a package, sorted.
+expected_files()
+{
+    {
+        cat <<END
+$bin/vqinventory
+$sbin/vq-register
+$include/systemprovider.h
+$include/systemprovider_packed.h
+$include/systemprovider/inventory/BaseBoard.h
+$include/systemprovider/inventory/Bios.h
+$include/systemprovider/inventory/Cache.h
+$include/systemprovider/inventory/Chassis.h
+$include/systemprovider/inventory/ComputerSystem.h
+$include/systemprovider/inventory/Firmware.h
+$include/systemprovider/inventory/Port.h
+$include/systemprovider/inventory/Slot.h
+$include/systemprovider/os/OperatingSystem.h
+$include/systemprovider/support/common/DateTime.h
+$include/systemprovider/support/common/Export.h
+$module_dir/libSystemProvider.so
+$module_dir/libvqcommon.so
+$module_dir/libvqpegasus.so
+$module_dir/libvqsmbios.so
+$module_dir/from-dump/libvqsmbios.so
+$doc_dir/admin.md
+$doc_dir/changelog.gz
+$doc_dir/classes.md
+$doc_dir/copyright
+$man/man1/vqinventory.1.gz
+$man/man8/vq-register.8.gz
+$schema_dir/SystemProvider.mof
+$schema_dir/SystemProviderRegistration.mof
+END
+        [ "$cim_library" = openpegasus ] || echo "$module_dir/libvqcim.so"
+    } | sort
+}
+
+# A stand-in for vq-register that notes how it is called and ends with exit code $1; in a directory that is printed.
+stub_vq_register()
+{
+    local dir=$scratch/stub
+    mkdir -p "$dir"
+    printf '#!/bin/sh\necho "$*" >>%s/calls\nexit %s\n' "$dir" "$1" >"$dir/vq-register"
+    chmod +x "$dir/vq-register"
+    : >"$dir/calls"
+    printf '%s\n' "$dir"
+}
+
+not_registered="$package: the module is installed, but not registered with a CIM server; when the cause is gone, run: vq-register register"
+not_unregistered="$package: the registration, if there was one, could not be taken back; with the server up, run: cimprovider -r -m SystemProviderModule, and remove libSystemProvider.so from its directory of provider libraries"
+
+# run_script EXIT_CODE SCRIPT ARGUMENT...: runs a script of a package over a vq-register that ends with that code; sets
+# result to "<exit code>|<calls of vq-register>|<standard error>".
+run_script()
+{
+    local stub code=0 errors
+    stub=$(stub_vq_register "$1")
+    shift
+    errors=$(PATH=$stub:$PATH sh "$@" 2>&1 >/dev/null) || code=$?
+    result="$code|$(tr '\n' ';' <"$stub/calls")|$errors"
+}

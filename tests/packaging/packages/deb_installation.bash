@@ -1,0 +1,114 @@
+# Installs the Debian package with dpkg, uses it, upgrades and removes it, and finds nothing left behind. All in a mount
+# namespace over the machine's file system, which is itself untouched, and with a server that is only its commands.
+. "$(dirname "$0")/common.bash"
+
+if [ "${2-}" != in-namespace ]; then
+    command -v dpkg >/dev/null || skip "dpkg is not installed"
+    [ "$(id -u)" -eq 0 ] || skip "needs root, to install with dpkg in a mount namespace of its own"
+    unshare --mount true 2>"$scratch/why" || skip "no mount namespace: $(cat "$scratch/why")"
+    rm -rf "$scratch"
+    trap - EXIT
+    exec unshare --mount --propagation private bash "$0" "$1" in-namespace
+fi
+
+# The space for everything that is written; the machine's directories are the lower layers.
+mount -t tmpfs none "$scratch"
+trap 'umount -l "$scratch"; rmdir "$scratch"' EXIT
+for dir in /usr /etc /var /opt; do
+    mkdir -p "$scratch/layers$dir/upper" "$scratch/layers$dir/work"
+    mount -t overlay overlay -o "lowerdir=$dir,upperdir=$scratch/layers$dir/upper,workdir=$scratch/layers$dir/work" "$dir" \
+        2>"$scratch/why" || skip "no overlay over $dir: $(cat "$scratch/why")"
+done
+
+# The server's commands, with what they know in files below $server.
+server=$scratch/server
+mkdir -p "$server/bin" "$server/providers" "$server/classes"
+touch "$server/calls"
+stub()
+{
+    { printf '#!/bin/bash\nserver=%s\necho "${0##*/} $*" >>$server/calls\n' "$server"; cat; } >"$server/bin/$1"
+    chmod +x "$server/bin/$1"
+}
+stub cimserver <<'END'
+[ "$*" = --status ]
+END
+stub cimconfig <<'END'
+[ "$*" != "-g providerDir -c" ] || echo "Current value: $server/providers"
+END
+stub cimmof <<'END'
+case "${!#}" in
+*/SystemProviderRegistration.mof) touch $server/registered ;;
+*/SystemProvider.mof) for class in $(sed -n 's/^class \([^ ]*\) .*/\1/p' "${!#}"); do touch $server/classes/$class; done ;;
+*) exit 1 ;;
+esac
+END
+stub cimmofl </dev/null
+stub cimprovider <<'END'
+case "$1 ${2-}" in
+"-l ") [ ! -e $server/registered ] || echo SystemProviderModule ;;
+"-l -s") [ ! -e $server/registered ] || echo "SystemProviderModule   OK" ;;
+"-r -m") rm $server/registered ;;
+*) exit 1 ;;
+esac
+END
+stub cimcli <<'END'
+case "$1" in
+gc) [ -e $server/classes/$2 ] ;;
+dc) rm $server/classes/$2 ;;
+*) exit 1 ;;
+esac
+END
+export PATH=$server/bin:$PATH
+unset PEGASUS_HOME
+[ -z "$pegasus_libraries" ] || export LD_LIBRARY_PATH=$pegasus_libraries
+
+known() { (cd "$server" && find classes providers registered 2>/dev/null | grep -cE '^(classes/.*|providers/libSystemProvider\.so|registered)$') || true; }
+# All files but dpkg's own notes, by kind, permissions, size and place.
+files() { find /usr /etc /var /opt ! -type d \( -path /var/lib/dpkg -prune -o -path /var/log -prune -o -printf '%y %m %s %p %l\n' \) | sort; }
+# The packages of this width need not be installed here, and the width need not be this machine's own.
+dpkg_quietly() { dpkg --force-depends --force-architecture --no-triggers "$@" >"$scratch/dpkg.log" 2>&1; }
+
+if [ "$cim_library" = openpegasus ]; then all_known=11; else all_known=0; fi
+dpkg_quietly --purge systemprovider systemprovider-standalone || true
+files >"$scratch/before"
+
+code=0
+dpkg_quietly -i "$deb" || code=$?
+check "installation" 0 "$code"
+[ "$code" -eq 0 ] || cat "$scratch/dpkg.log"
+check "classes, registration and link after installation" "$all_known" "$(known)"
+check "the installed files" "$(expected_files)" "$(dpkg -L "$package" | while read -r file; do [ -d "$file" ] || echo "$file"; done | sort)"
+check "vqinventory as installed" "QORTAL_OperatingSystem" "$("$bin/vqinventory" --format json QORTAL_OperatingSystem | grep -o QORTAL_OperatingSystem | head -1)"
+if [ "$cim_library" = openpegasus ]; then
+    check "the link to the module" "$module_dir/libSystemProvider.so" "$(readlink -f "$server/providers/libSystemProvider.so")"
+    check "vq-register status" "classes: 9 of 9 in root/cimv2
+registration: SystemProviderModule, state OK" "$(vq-register status)"
+else
+    check "nothing was asked of the server" "" "$(cat "$server/calls")"
+    check "vq-register register" "vq-register: the module was built against the standalone CIM library: build it with -DVQ_CIM=openpegasus" \
+        "$(vq-register register 2>&1)"
+fi
+
+: >"$server/calls"
+dpkg_quietly -i "$deb" || code=$?
+check "upgrade" 0 "$code"
+check "classes, registration and link after upgrade" "$all_known" "$(known)"
+check "upgrade takes no class back" "" "$(grep 'cimcli dc' "$server/calls" || true)"
+
+dpkg_quietly -r "$package" || code=$?
+check "removal" 0 "$code"
+check "classes, registration and link after removal" 0 "$(known)"
+files >"$scratch/after"
+check "files left behind or changed" "" "$(diff "$scratch/before" "$scratch/after" || true)"
+
+# A server whose every command fails keeps nothing from being installed and removed.
+for command in cimserver cimconfig cimmof cimmofl cimprovider cimcli; do stub $command <<<'exit 1'; done
+dpkg_quietly -i "$deb" || code=$?
+check "installation beside a broken server" 0 "$code"
+[ "$cim_library" != openpegasus ] || check "what it says" "$not_registered" "$(grep "^$package: " "$scratch/dpkg.log")"
+dpkg_quietly -r "$package" || code=$?
+check "removal beside a broken server" 0 "$code"
+[ "$cim_library" != openpegasus ] || check "what it says" "$not_unregistered" "$(grep "^$package: " "$scratch/dpkg.log")"
+files >"$scratch/after"
+check "files left behind or changed" "" "$(diff "$scratch/before" "$scratch/after" || true)"
+finish

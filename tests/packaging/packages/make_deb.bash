@@ -1,0 +1,9 @@
+# Makes the Debian package, which the other tests look at.
+. "$(dirname "$0")/common.bash"
+
+command -v dpkg-deb >/dev/null || skip "dpkg is not installed"
+rm -f "$package_dir"/*.deb
+"$cpack" --config "$binary_dir/CPackConfig.cmake" -G DEB -B "$scratch"
+cp "$scratch"/*.deb "$package_dir"
+check "the package's name" "$deb" "$(echo "$package_dir"/*.deb)"
+finish

@@ -1,0 +1,44 @@
+# The RPM package: made, and its files, dependencies and scripts.
+. "$(dirname "$0")/common.bash"
+
+command -v rpmbuild >/dev/null || skip "rpmbuild is not installed (Debian package rpm)"
+rm -f "$package_dir"/*.rpm
+"$cpack" --config "$binary_dir/CPackConfig.cmake" -G RPM -B "$scratch" >"$scratch/log" 2>&1 || { cat "$scratch/log"; exit 1; }
+rpm=$package_dir/$package-$version-1.$rpm_architecture.rpm
+cp "$scratch"/*.rpm "$package_dir"
+check "the package's name" "$rpm" "$(echo "$package_dir"/*.rpm)"
+
+query() { rpm -qp "$@" "$rpm" 2>/dev/null; }
+check "files" "$(expected_files)" "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^-[rwx-]* //p' | sort)"
+check "directories" "$(printf '%s\n' "$doc_dir" "$include/systemprovider" "$include/systemprovider/inventory" \
+    "$include/systemprovider/os" "$include/systemprovider/support" "$include/systemprovider/support/common" \
+    "$module_dir" "$module_dir/from-dump" "$schema_dir" | sort)" \
+    "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^d[rwx-]* //p' | sort)"
+check "architecture" "$rpm_architecture" "$(query --qf '%{ARCH}')"
+check "no library of the package is offered to others" "" "$(query --provides | grep -E '^lib' || true)"
+check "no library of the package is asked of others" "" "$(query --requires | grep -E '^lib(vq|System)' || true)"
+if [ "$pointer_size" = 4 ]; then mark=; else mark='()(64bit)'; fi
+libraries="libc.so.6$mark libgcc_s.so.1$mark libstdc++.so.6$mark"
+[ "$cim_library" != openpegasus ] || libraries="libc.so.6$mark libgcc_s.so.1$mark libpegcommon.so.1$mark libpegprovider.so.1$mark libstdc++.so.6$mark"
+check "libraries of others" "$libraries" "$(query --requires | grep -E '^lib[^(]*(\(\)\(64bit\))?$' | sort -u | tr '\n' ' ' | sed 's/ $//')"
+
+query --qf '%{POSTIN}' >"$scratch/post"
+query --qf '%{PREUN}' >"$scratch/preun"
+if [ "$cim_library" != openpegasus ]; then
+    check "scripts" "(none)(none)" "$(cat "$scratch/post" "$scratch/preun")"
+    finish
+fi
+action()
+{
+    run_script "$2" "$scratch/$3" "$4"
+    check "$3 $4 over exit code $2" "$1" "$result"
+}
+action "0|register;|" 0 post 1
+action "0|register;|" 0 post 2
+action "0|unregister;|" 0 preun 0
+action "0||" 0 preun 1
+for code in 1 2 127; do
+    action "0|register;|$not_registered" $code post 1
+    action "0|unregister;|$not_unregistered" $code preun 0
+done
+finish
