@@ -25,7 +25,8 @@ list(JOIN _needed ", " CPACK_RPM_PACKAGE_REQUIRES)
 set(CPACK_RPM_PACKAGE_REQUIRES "/usr/bin/timeout, bash, ${CPACK_RPM_PACKAGE_REQUIRES}")
 
 # The module's libraries are nobody else's.
-set(CPACK_RPM_SPEC_MORE_DEFINE "%global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/${VQ_INSTALL_MODULE_DIR}/.*$
+set(CPACK_RPM_SPEC_MORE_DEFINE "%global _build_id_links none
+%global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/${VQ_INSTALL_MODULE_DIR}/.*$
 %global __requires_exclude ^lib(vq[a-z]+|SystemProvider)[.]so.*$")
 # Directories of the system, which other packages own.
 foreach(_dir ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_SBINDIR} ${CMAKE_INSTALL_INCLUDEDIR}
