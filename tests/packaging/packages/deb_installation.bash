@@ -64,7 +64,7 @@ unset PEGASUS_HOME
 
 known() { (cd "$server" && find classes providers registered 2>/dev/null | grep -cE '^(classes/.*|providers/libSystemProvider\.so|registered)$') || true; }
 # All files but dpkg's own notes, by kind, permissions, size and place.
-files() { find /usr /etc /var /opt ! -type d \( -path /var/lib/dpkg -prune -o -path /var/log -prune -o -printf '%y %m %s %p %l\n' \) | sort; }
+files() { find /usr /etc /var /opt \( -path /var/lib/dpkg -o -path /var/log/dpkg.log \) -prune -o ! -type d -printf '%y %m %s %p %l\n' | sort; }
 # The packages of this width need not be installed here, and the width need not be this machine's own.
 dpkg_quietly() { dpkg --force-depends --force-architecture --no-triggers "$@" >"$scratch/dpkg.log" 2>&1; }
 
@@ -100,6 +100,7 @@ check "removal" 0 "$code"
 check "classes, registration and link after removal" 0 "$(known)"
 files >"$scratch/after"
 check "files left behind or changed" "" "$(diff "$scratch/before" "$scratch/after" || true)"
+check "what dpkg still knows of the package" "" "$(dpkg-query -W "$package" 2>/dev/null || true)"
 
 # A server whose every command fails keeps nothing from being installed and removed.
 for command in cimserver cimconfig cimmof cimmofl cimprovider cimcli; do stub $command <<<'exit 1'; done
