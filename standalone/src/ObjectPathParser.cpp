@@ -1,0 +1,224 @@
+#include "ObjectPathParser.h"
+
+#include "KeyNumber.h"
+
+#include <Pegasus/Common/Exception.h>
+
+#include <arpa/inet.h>
+#include <cctype>
+#include <string>
+
+namespace Pegasus
+{
+namespace
+{
+bool startsWith(const String& text, const String& start)
+{
+    return text.subString(0, start.size()) == start;
+}
+
+/// The value of a digit in `base`, which is 10 or 16; `base` for anything else.
+Uint32 digitValue(Uint16 unit, Uint32 base)
+{
+    if (unit >= '0' && unit <= '9')
+        return unit - '0';
+    const Uint32 letter = unit | 0x20;
+    return base == 16 && letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : base;
+}
+
+bool legalPort(const std::string& port)
+{
+    unsigned long value = 0;
+    for (const char digit : port) {
+        if (digit < '0' || digit > '9')
+            return false;
+        value = value * 10 + (digit - '0');
+        if (value > 65535)
+            return false;
+    }
+    return true;
+}
+
+bool legalHostLabel(const std::string& label)
+{
+    for (const unsigned char c : label) {
+        if (c >= 0x80 || (!std::isalnum(c) && c != '_' && c != '-'))
+            return false;
+    }
+    return !label.empty() && label[0] != '-';
+}
+
+bool legalHostName(const std::string& name)
+{
+    std::string::size_type start = 0;
+    for (;;) {
+        const std::string::size_type dot = name.find('.', start);
+        if (!legalHostLabel(name.substr(start, dot - start)))
+            return false;
+        if (dot == std::string::npos)
+            return true;
+        start = dot + 1;
+    }
+}
+
+bool legalAddress(int family, const std::string& address)
+{
+    unsigned char binary[16];
+    return inet_pton(family, address.c_str(), binary) == 1;
+}
+}
+
+bool KeyNumber::parse(const String& text)
+{
+    Uint32 at = 0;
+    negative = text[0] == '-';
+    if (negative)
+        ++at;
+    Uint32 base = 10;
+    if (text.size() > at + 1 && text[at] == '0') {
+        if ((text[at + 1] | 0x20) != 'x')
+            return false;
+        base = 16;
+        at += 2;
+    }
+    if (at == text.size())
+        return false;
+    const Uint64 largest = negative ? Uint64(1) << 63 : ~Uint64(0);
+    magnitude = 0;
+    for (; at < text.size(); ++at) {
+        const Uint32 digit = digitValue(text[at], base);
+        if (digit == base || magnitude > (largest - digit) / base)
+            return false;
+        magnitude = magnitude * base + digit;
+    }
+    negative = negative && magnitude != 0;
+    return true;
+}
+
+bool ObjectPathParser::legalHost(const String& host)
+{
+    const std::string text(static_cast<const char*>(host.getCString()));
+    const bool bracketed = !text.empty() && text[0] == '[';
+    const std::string::size_type end = bracketed ? text.find(']') : text.find(':');
+    if (bracketed && end == std::string::npos)
+        return false;
+    const std::string name = bracketed ? text.substr(1, end - 1) : text.substr(0, end);
+    const std::string rest = end == std::string::npos ? "" : text.substr(end + (bracketed ? 1 : 0));
+    if (!rest.empty() && (rest[0] != ':' || !legalPort(rest.substr(1))))
+        return false;
+    if (bracketed)
+        return legalAddress(AF_INET6, name);
+    if (name.find_first_not_of("0123456789.") == std::string::npos)
+        return legalAddress(AF_INET, name);
+    return legalHostName(name);
+}
+
+void ObjectPathParser::fail(const char* reason) const
+{
+    throw MalformedObjectNameException(text_ + String(": ") + String(reason));
+}
+
+/// What stands before `end`, which is dropped; everything where there is none.
+String ObjectPathParser::takeUntil(char end)
+{
+    const Uint32 position = rest_.find(Char16(static_cast<unsigned char>(end)));
+    const String taken = rest_.subString(0, position);
+    rest_ = position == PEG_NOT_FOUND ? String() : rest_.subString(position + 1);
+    return taken;
+}
+
+String ObjectPathParser::host()
+{
+    if (!startsWith(rest_, "//"))
+        return String();
+    rest_ = rest_.subString(2);
+    if (rest_.find('/') == PEG_NOT_FOUND)
+        fail("no slash after the host");
+    const String name = takeUntil('/');
+    if (!legalHost(name))
+        fail("no legal host");
+    return name;
+}
+
+CIMNamespaceName ObjectPathParser::nameSpace(bool required)
+{
+    const Uint32 colon = rest_.find(':');
+    if (colon == PEG_NOT_FOUND || colon > rest_.find('.')) {
+        if (required)
+            fail("no namespace after the host");
+        return CIMNamespaceName();
+    }
+    const String name = takeUntil(':');
+    if (!CIMNamespaceName::legal(name))
+        fail("no legal namespace name");
+    return CIMNamespaceName(name);
+}
+
+CIMName ObjectPathParser::className()
+{
+    const String name = takeUntil('.');
+    if (!CIMName::legal(name))
+        fail("no legal class name");
+    return CIMName(name);
+}
+
+Array<CIMKeyBinding> ObjectPathParser::keyBindings()
+{
+    Array<CIMKeyBinding> all;
+    while (rest_.size() != 0)
+        all.append(keyBinding());
+    return all;
+}
+
+CIMKeyBinding ObjectPathParser::keyBinding()
+{
+    if (rest_.find('=') == PEG_NOT_FOUND)
+        fail("a key without an equals sign");
+    const String name = takeUntil('=');
+    if (!CIMName::legal(name))
+        fail("no legal key name");
+
+    if (rest_[0] == '"') {
+        const String value = quotedValue();
+        try {
+            const CIMObjectPath reference(value);
+            if (reference.getKeyBindings().size() != 0)
+                return CIMKeyBinding(name, reference.toString(), CIMKeyBinding::REFERENCE);
+        } catch (const MalformedObjectNameException&) {
+            // an ordinary text
+        }
+        return CIMKeyBinding(name, value, CIMKeyBinding::STRING);
+    }
+
+    const String value = takeUntil(',');
+    for (const char* truth : {"TRUE", "FALSE"}) {
+        if (String::equalNoCase(value, truth))
+            return CIMKeyBinding(name, String(truth), CIMKeyBinding::BOOLEAN);
+    }
+    KeyNumber number;
+    if (!number.parse(value))
+        fail("a key value that is no number, no Boolean and not quoted");
+    return CIMKeyBinding(name, value, CIMKeyBinding::NUMERIC);
+}
+
+/// The text between quotes, without its escapes; takes the comma after it too.
+String ObjectPathParser::quotedValue()
+{
+    String value;
+    Uint32 at = 1;
+    for (; at < rest_.size() && rest_[at] != '"'; ++at) {
+        if (rest_[at] == '\\') {
+            ++at;
+            if (rest_[at] != '"' && rest_[at] != '\\')
+                fail("an unknown escape in a key value");
+        }
+        value.append(rest_[at]);
+    }
+    if (at == rest_.size())
+        fail("a key value without its closing quote");
+    rest_ = rest_.subString(at + 1);
+    if (rest_.size() != 0 && takeUntil(',').size() != 0)
+        fail("no comma after a quoted key value");
+    return value;
+}
+}
