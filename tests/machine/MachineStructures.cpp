@@ -31,9 +31,9 @@ TableBuilder secondLevelCache()
 {
     TableBuilder cache;
     cache.type(7).handle(0x0701).string(0x04, "L2 Cache");
-    cache.word(0x05, 0x00A1);                      // level 2, external, enabled, write through
-    cache.word(0x07, 0x8020).word(0x09, 0x8010);   // in units of 64 K: of 2048 K at most, 1024 K
-    cache.word(0x0B, 0x0008).word(0x0D, 0x0008);   // burst
+    cache.word(0x05, 0x00A1);                    // level 2, external, enabled, write through
+    cache.word(0x07, 0x8020).word(0x09, 0x8010); // in units of 64 K: of 2048 K at most, 1024 K
+    cache.word(0x0B, 0x0008).word(0x0D, 0x0008); // burst
     cache.byte(0x0F, 9).byte(0x10, 5).byte(0x11, 5).byte(0x12, 8);
     return cache;
 }
