@@ -324,7 +324,7 @@ TEST_F(Power, RefusedRebootReturnsTheKernelsRefusal)
 {
     const Answer refused = Transcript(Work, "small").answer("nobody.reboot");
     EXPECT_TRUE(refused.returned);
-    EXPECT_NE(refused.output.find("4294967295"), std::string::npos) << refused.output << refused.errors;
+    EXPECT_EQ(refused.output, "QORTAL_OperatingSystem.Reboot: ReturnValue 4294967295\n");
 }
 
 TEST_F(Power, RebootDoesNotReturnAndRestartsTheMachine)
@@ -345,7 +345,7 @@ TEST_F(Power, ShutdownRunsTheSystemsProgramReturns1AndTheMachinePowersOff)
     const Answer shutdown = machine.answer("shutdown");
     EXPECT_NE(machine.find("@shutdown called with 2 arguments: -h now"), Transcript::npos);
     EXPECT_EQ(shutdown.status, 0);
-    EXPECT_TRUE(std::regex_search(shutdown.output, std::regex("\\b1\\b"))) << shutdown.output;
+    EXPECT_EQ(shutdown.output, "QORTAL_OperatingSystem.Shutdown: ReturnValue 1\n");
     EXPECT_EQ(machine.find("@still running"), Transcript::npos);
     EXPECT_EQ(machine.events("SHUTDOWN", "guest-shutdown"), 1);
 }
