@@ -42,7 +42,7 @@ std::map<std::string, Answer> readAnswers(const std::vector<std::string>& lines)
             words >> answers[name].status;
             answers[name].returned = true;
             text = nullptr;
-        } else if (text) {
+        } else if (text && mark.compare(0, 1, "@") != 0) {
             *text += line + "\n";
         }
     }
