@@ -27,7 +27,8 @@ void checkNarrow(const std::string& text)
 void checkWide(const unsigned char* data, std::size_t size)
 {
     std::wstring wide(size / sizeof(wchar_t), L'\0');
-    std::memcpy(wide.data(), data, wide.size() * sizeof(wchar_t));
+    if (!wide.empty())
+        std::memcpy(wide.data(), data, wide.size() * sizeof(wchar_t));
     const std::string utf8 = make_string(wide);
     require(make_wstring(utf8).size() == wide.size(), "each character stays one");
     require(make_string(make_wstring(utf8)) == utf8, "any wide text becomes UTF-8");
