@@ -249,6 +249,9 @@ TEST(Example, TellsItsUsage)
 
 TEST(Reloading, AThousandTimesLeavesNothingBehind)
 {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the address sanitizer keeps released memory, so that growth can't be told";
+#endif
     const DumpFile dump(machine());
     const Outcome outcome =
         run(std::string(VQ_RELOAD) + " " + ModuleFile + " " + ReaderFile + " " + dump.path() + " 1000");
