@@ -14,7 +14,6 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
-#include <unistd.h>
 
 typedef int Number(void);
 typedef void TextAt(char* buffer, unsigned int index);
@@ -72,14 +71,21 @@ static void useModule(const char* path)
         fail(path, "still loaded");
 }
 
+/* The resident memory that is the process's own. Pages of files do not count: how many of them are resident depends on
+ * what the kernel reads ahead. */
 static long residentBytes(void)
 {
-    long pages = 0;
-    FILE* file = fopen("/proc/self/statm", "r");
-    if (!file || fscanf(file, "%*d %ld", &pages) != 1)
-        fail("/proc/self/statm", "not readable");
+    char line[256];
+    long kilobytes = -1;
+    FILE* file = fopen("/proc/self/smaps_rollup", "r");
+    if (!file)
+        fail("/proc/self/smaps_rollup", "not readable");
+    while (kilobytes < 0 && fgets(line, sizeof line, file))
+        sscanf(line, "Anonymous: %ld kB", &kilobytes);
     fclose(file);
-    return pages * sysconf(_SC_PAGESIZE);
+    if (kilobytes < 0)
+        fail("/proc/self/smaps_rollup", "tells no anonymous memory");
+    return kilobytes * 1024;
 }
 
 static int mappings(void)
