@@ -120,10 +120,13 @@ void getOSLastBootUpTime(char* buffer);
 
 void getBiosManufacturer(char* buffer); ///< Vendor (04h); empty when not told. T bytes.
 
-/// BIOS Version (05h): of text between "-[" and "]-" the part after its dash, otherwise the whole. T bytes.
+/// BIOS Version (05h). Of text between "-[" and "]-" that has a dash: what follows the dash, but from the dash on no
+/// more characters than stand before it (ABCDE12-1.05 gives 1.05, AB-1.05 gives 1). Otherwise that text whole, or the
+/// whole string where there is none. T bytes.
 void getBiosVersion(char* buffer);
 
-/// BIOS Version (05h): of text between "-[" and "]-" the part before its dash, otherwise the whole. T bytes.
+/// BIOS Version (05h). Of text between "-[" and "]-" the part before its dash; without a dash that text whole, or the
+/// whole string where there is none. T bytes.
 void getBiosBuildNumber(char* buffer);
 
 void getBiosSerialNumber(char* buffer);    ///< of the system: type 1 Serial Number (07h). T bytes.
@@ -242,8 +245,11 @@ void getSlotDesignation(char* buffer, unsigned int index); ///< Slot Designation
 
 // ---- Firmware elements: OEM strings (SMBIOS type 11), then the BMC over IPMI ----------------------------------------
 
-void getFirmwareName(char* buffer, unsigned int index);    ///< the OEM string's free text; the BMC's product. T bytes.
-void getFirmwareVersion(char* buffer, unsigned int index); ///< empty where an OEM string has no dash. T bytes.
+void getFirmwareName(char* buffer, unsigned int index); ///< the OEM string's free text; the BMC's product. T bytes.
+
+/// Of an OEM string's text between "-[" and "]-" what follows its dash, cut as in getBiosVersion; empty without a dash.
+/// Of the BMC its revision, "1.17". T bytes.
+void getFirmwareVersion(char* buffer, unsigned int index);
 
 /// "QOR" for an OEM string; the BMC's maker, or its number as 0x and hexadecimal digits. 11 bytes.
 void getFirmwareManufacturer(char* buffer, unsigned int index);
