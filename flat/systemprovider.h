@@ -1,7 +1,8 @@
 /// The flat interface of libSystemProvider.so: the inventory of this machine for programs that use no CIM server.
 ///
-/// C99 and C++17. Load the module with `dlopen` and find each function with `dlsym` by the name it has here; it needs
-/// no server, no configuration and no call before `init`. See examples/flat_inventory.c.
+/// C99 and C++17. Load the module with `dlopen` and find each function with `dlsym` by the name it has here. It needs
+/// the CIM library that it was built with, but no server, no configuration and no call before `init`. See
+/// examples/flat_inventory.c.
 ///
 /// Snapshot. `init` takes a snapshot of the inventory and the accessors read it. Read live on each call instead: the
 /// operating system, the texts of the computer system, and the configuration options. Before the first `init` every
