@@ -1,0 +1,103 @@
+#pragma once
+
+#include <Pegasus/Common/Array.h>
+#include <Pegasus/Common/CIMDateTime.h>
+#include <Pegasus/Common/CIMType.h>
+#include <Pegasus/Common/Config.h>
+#include <Pegasus/Common/String.h>
+
+#include <memory>
+
+namespace Pegasus
+{
+/// A value of one of the CIM types, or an array of them, or null. What it holds never changes and is shared by
+/// its copies.
+class PEGASUS_EXPORT CIMValue
+{
+public:
+    /// A null Boolean.
+    CIMValue() = default;
+    /// A null value of a type.
+    CIMValue(CIMType type, Boolean isArray, Uint32 arraySize = 0);
+
+    CIMValue(Boolean value);
+    CIMValue(Uint8 value);
+    CIMValue(Sint8 value);
+    CIMValue(Uint16 value);
+    CIMValue(Sint16 value);
+    CIMValue(Uint32 value);
+    CIMValue(Sint32 value);
+    CIMValue(Uint64 value);
+    CIMValue(Sint64 value);
+    CIMValue(Real32 value);
+    CIMValue(Real64 value);
+    CIMValue(const String& value);
+    CIMValue(const CIMDateTime& value);
+    CIMValue(const Array<Boolean>& value);
+    CIMValue(const Array<Uint8>& value);
+    CIMValue(const Array<Sint8>& value);
+    CIMValue(const Array<Uint16>& value);
+    CIMValue(const Array<Sint16>& value);
+    CIMValue(const Array<Uint32>& value);
+    CIMValue(const Array<Sint32>& value);
+    CIMValue(const Array<Uint64>& value);
+    CIMValue(const Array<Sint64>& value);
+    CIMValue(const Array<String>& value);
+    CIMValue(const Array<CIMDateTime>& value);
+    /// A pointer would silently become a Boolean.
+    CIMValue(const char*) = delete;
+
+    CIMType getType() const { return type_; }
+    Boolean isArray() const { return isArray_; }
+    Boolean isNull() const { return !data_; }
+    /// The number of values of an array, 0 for anything else.
+    Uint32 getArraySize() const { return arraySize_; }
+    /// True where type and array-ness are the same.
+    Boolean typeCompatible(const CIMValue& other) const;
+
+    /// Copies the value out; a null value leaves the variable as it is. Throws TypeMismatchException where the
+    /// variable is of another type.
+    void get(Boolean& value) const;
+    void get(Uint8& value) const;
+    void get(Sint8& value) const;
+    void get(Uint16& value) const;
+    void get(Sint16& value) const;
+    void get(Uint32& value) const;
+    void get(Sint32& value) const;
+    void get(Uint64& value) const;
+    void get(Sint64& value) const;
+    void get(Real32& value) const;
+    void get(Real64& value) const;
+    void get(String& value) const;
+    void get(CIMDateTime& value) const;
+    void get(Array<Boolean>& value) const;
+    void get(Array<Uint8>& value) const;
+    void get(Array<Sint8>& value) const;
+    void get(Array<Uint16>& value) const;
+    void get(Array<Sint16>& value) const;
+    void get(Array<Uint32>& value) const;
+    void get(Array<Sint32>& value) const;
+    void get(Array<Uint64>& value) const;
+    void get(Array<Sint64>& value) const;
+    void get(Array<String>& value) const;
+    void get(Array<CIMDateTime>& value) const;
+
+    /// Text for people: the value as it is, TRUE or FALSE, an array's values each followed by a space, nothing
+    /// for null.
+    String toString() const;
+    /// The same type and an equal value; two nulls of one type are equal.
+    Boolean equal(const CIMValue& other) const;
+
+private:
+    /// False for null; throws TypeMismatchException where the type is another one.
+    bool holds(CIMType type, bool isArray) const;
+
+    CIMType type_ = CIMTYPE_BOOLEAN;
+    Boolean isArray_ = false;
+    Uint32 arraySize_ = 0;
+    std::shared_ptr<const void> data_; // a T or an Array<T> by type_ and isArray_
+};
+
+PEGASUS_EXPORT Boolean operator==(const CIMValue& a, const CIMValue& b);
+PEGASUS_EXPORT Boolean operator!=(const CIMValue& a, const CIMValue& b);
+}

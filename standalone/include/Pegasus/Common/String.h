@@ -1,0 +1,77 @@
+#pragma once
+
+#include <Pegasus/Common/Char16.h>
+#include <Pegasus/Common/Config.h>
+
+#include <string>
+#include <vector>
+
+namespace Pegasus
+{
+/// The UTF-8 form of a String; the text lives as long as this object.
+class PEGASUS_EXPORT CString
+{
+public:
+    explicit CString(std::string text) : text_(std::move(text)) {}
+
+    operator const char*() const { return text_.c_str(); }
+
+private:
+    std::string text_;
+};
+
+/// UTF-16 text with value semantics: a copy never sees the original's later changes.
+/// Comparison without case folds the ASCII letters only.
+class PEGASUS_EXPORT String
+{
+public:
+    static const String EMPTY;
+
+    String() = default;
+    /// From UTF-8 text ending in a zero byte. Throws Exception for a null pointer and for anything that is not UTF-8.
+    String(const char* text);
+    /// From `size` bytes of UTF-8, zero bytes included; throws as above.
+    String(const char* text, Uint32 size);
+    /// From `size` UTF-16 units, taken as they are. Throws Exception for a null pointer.
+    String(const Char16* text, Uint32 size);
+
+    /// The number of UTF-16 units.
+    Uint32 size() const { return text_.empty() ? 0 : static_cast<Uint32>(text_.size() - 1); }
+    /// The units, followed by a zero unit.
+    const Char16* getChar16Data() const;
+    /// The text as UTF-8.
+    CString getCString() const;
+
+    /// The unit at `index`, or the final zero at `size()`; throws IndexOutOfBoundsException beyond it.
+    Char16& operator[](Uint32 index);
+    const Char16& operator[](Uint32 index) const;
+
+    String& append(const Char16& unit);
+    String& append(const Char16* text, Uint32 size);
+    String& append(const String& text);
+
+    /// At most `length` units from `index` on; empty where `index` lies beyond the text.
+    String subString(Uint32 index, Uint32 length = PEG_NOT_FOUND) const;
+    /// The first position of `unit`, or PEG_NOT_FOUND.
+    Uint32 find(Char16 unit) const;
+    /// The first position of `text`, or PEG_NOT_FOUND; an empty text is never found.
+    Uint32 find(const String& text) const;
+    void toLower();
+
+    /// Negative, zero or positive as `a` is before, equal to or after `b` by UTF-16 units.
+    static int compare(const String& a, const String& b);
+    static int compareNoCase(const String& a, const String& b);
+    static Boolean equal(const String& a, const String& b);
+    static Boolean equalNoCase(const String& a, const String& b);
+
+private:
+    void assignUtf8(const char* text, Uint32 size);
+
+    std::vector<Char16> text_; // ends in a zero unit, unless it is empty
+};
+
+PEGASUS_EXPORT String operator+(const String& a, const String& b);
+PEGASUS_EXPORT Boolean operator==(const String& a, const String& b);
+PEGASUS_EXPORT Boolean operator!=(const String& a, const String& b);
+PEGASUS_EXPORT Boolean operator<(const String& a, const String& b);
+}

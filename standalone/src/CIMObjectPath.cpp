@@ -1,0 +1,96 @@
+#include <Pegasus/Common/CIMObjectPath.h>
+#include <Pegasus/Common/Exception.h>
+
+#include "ObjectPathParser.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace Pegasus
+{
+namespace
+{
+const Char16 QUOTE('"');
+const Char16 BACKSLASH('\\');
+
+String escaped(const String& value)
+{
+    String text;
+    for (Uint32 i = 0; i < value.size(); ++i) {
+        if (value[i] == QUOTE || value[i] == BACKSLASH)
+            text.append(BACKSLASH);
+        text.append(value[i]);
+    }
+    return text;
+}
+
+String written(const CIMKeyBinding& key)
+{
+    const bool quoted = key.getType() == CIMKeyBinding::STRING || key.getType() == CIMKeyBinding::REFERENCE;
+    const String quote(quoted ? "\"" : "");
+    return key.getName().getString() + String("=") + quote + escaped(key.getValue()) + quote;
+}
+}
+
+CIMObjectPath::CIMObjectPath(const String& text)
+{
+    ObjectPathParser parser(text);
+    host_ = parser.host();
+    nameSpace_ = parser.nameSpace(host_.size() != 0);
+    className_ = parser.className();
+    setKeyBindings(parser.keyBindings());
+}
+
+CIMObjectPath::CIMObjectPath(const String& host, const CIMNamespaceName& nameSpace, const CIMName& className,
+                             const Array<CIMKeyBinding>& keyBindings)
+    : nameSpace_(nameSpace), className_(className)
+{
+    setHost(host);
+    setKeyBindings(keyBindings);
+}
+
+void CIMObjectPath::setHost(const String& host)
+{
+    if (host.size() != 0 && !ObjectPathParser::legalHost(host))
+        throw MalformedObjectNameException(host + String(": no legal host"));
+    host_ = host;
+}
+
+void CIMObjectPath::setKeyBindings(const Array<CIMKeyBinding>& keyBindings)
+{
+    std::vector<CIMKeyBinding> sorted(keyBindings.getData(), keyBindings.getData() + keyBindings.size());
+    std::stable_sort(sorted.begin(), sorted.end(), [](const CIMKeyBinding& a, const CIMKeyBinding& b) {
+        return String::compareNoCase(a.getName().getString(), b.getName().getString()) < 0;
+    });
+    keyBindings_ = Array<CIMKeyBinding>(sorted.data(), static_cast<Uint32>(sorted.size()));
+}
+
+String CIMObjectPath::toString() const
+{
+    String text;
+    if (host_.size() != 0)
+        text = String("//") + host_ + String("/");
+    if (host_.size() != 0 || !nameSpace_.isNull())
+        text.append(nameSpace_.getString()).append(Char16(':'));
+    text.append(className_.getString());
+    for (Uint32 i = 0; i < keyBindings_.size(); ++i)
+        text.append(Char16(i == 0 ? '.' : ',')).append(written(keyBindings_[i]));
+    return text;
+}
+
+Boolean CIMObjectPath::identical(const CIMObjectPath& other) const
+{
+    return String::equalNoCase(host_, other.host_) && nameSpace_ == other.nameSpace_ &&
+           className_ == other.className_ && keyBindings_ == other.keyBindings_;
+}
+
+Boolean operator==(const CIMObjectPath& a, const CIMObjectPath& b)
+{
+    return a.identical(b);
+}
+
+Boolean operator!=(const CIMObjectPath& a, const CIMObjectPath& b)
+{
+    return !a.identical(b);
+}
+}

@@ -1,0 +1,250 @@
+#include <Pegasus/Common/Exception.h>
+#include <Pegasus/Common/String.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace Pegasus
+{
+namespace
+{
+const Char16 ZERO;
+
+Uint16 lowered(Uint16 unit)
+{
+    return unit >= 'A' && unit <= 'Z' ? static_cast<Uint16>(unit + ('a' - 'A')) : unit;
+}
+
+template <class Fold> int compareUnits(const String& a, const String& b, Fold fold)
+{
+    const Uint32 common = std::min(a.size(), b.size());
+    for (Uint32 i = 0; i < common; ++i) {
+        const int difference = fold(a[i]) - fold(b[i]);
+        if (difference != 0)
+            return difference;
+    }
+    return a.size() < b.size() ? -1 : a.size() > b.size();
+}
+
+/// The number of bytes that the UTF-8 character starting with `lead` has; 0 where none starts so.
+Uint32 sequenceLength(unsigned char lead)
+{
+    if (lead < 0x80)
+        return 1;
+    if (lead >= 0xC2 && lead < 0xE0)
+        return 2;
+    if (lead >= 0xE0 && lead < 0xF0)
+        return 3;
+    return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
+}
+
+/// Decodes the character of `length` bytes at `bytes`. False where it is not one, or a longer form than needed.
+bool decode(const unsigned char* bytes, Uint32 length, Uint32& character)
+{
+    static const unsigned char LEAD_BITS[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    static const Uint32 SMALLEST[] = {0, 0, 0x80, 0x800, 0x10000};
+    character = bytes[0] & LEAD_BITS[length];
+    for (Uint32 i = 1; i < length; ++i) {
+        if ((bytes[i] & 0xC0) != 0x80)
+            return false;
+        character = character << 6 | (bytes[i] & 0x3F);
+    }
+    return character >= SMALLEST[length] && character <= 0x10FFFF;
+}
+
+void encode(Uint32 character, std::string& utf8)
+{
+    if (character < 0x80) {
+        utf8 += static_cast<char>(character);
+        return;
+    }
+    const int length = character < 0x800 ? 2 : character < 0x10000 ? 3 : 4;
+    utf8 += static_cast<char>((0xF00 >> length & 0xF0) | character >> 6 * (length - 1));
+    for (int i = length - 2; i >= 0; --i)
+        utf8 += static_cast<char>(0x80 | (character >> 6 * i & 0x3F));
+}
+
+bool isHighSurrogate(Uint16 unit)
+{
+    return (unit & 0xFC00) == 0xD800;
+}
+bool isLowSurrogate(Uint16 unit)
+{
+    return (unit & 0xFC00) == 0xDC00;
+}
+
+void requirePointer(const void* text)
+{
+    if (!text)
+        throw Exception("null pointer given as text");
+}
+}
+
+const String String::EMPTY;
+
+String::String(const char* text)
+{
+    requirePointer(text);
+    assignUtf8(text, static_cast<Uint32>(std::strlen(text)));
+}
+
+String::String(const char* text, Uint32 size)
+{
+    requirePointer(text);
+    assignUtf8(text, size);
+}
+
+String::String(const Char16* text, Uint32 size)
+{
+    requirePointer(text);
+    append(text, size);
+}
+
+void String::assignUtf8(const char* text, Uint32 size)
+{
+    const unsigned char* const bytes = reinterpret_cast<const unsigned char*>(text);
+    text_.reserve(size + 1);
+    for (Uint32 i = 0; i < size;) {
+        const Uint32 length = sequenceLength(bytes[i]);
+        Uint32 character = 0;
+        if (length == 0 || length > size - i || !decode(bytes + i, length, character))
+            throw Exception(String("no UTF-8 at byte ") + String(std::to_string(i).c_str()) + String(" of a text"));
+        if (character >= 0x10000) {
+            text_.push_back(static_cast<Uint16>(0xD800 + ((character - 0x10000) >> 10)));
+            character = 0xDC00 + (character & 0x3FF);
+        }
+        text_.push_back(static_cast<Uint16>(character));
+        i += length;
+    }
+    if (!text_.empty())
+        text_.push_back(ZERO);
+}
+
+const Char16* String::getChar16Data() const
+{
+    return text_.empty() ? &ZERO : text_.data();
+}
+
+CString String::getCString() const
+{
+    std::string utf8;
+    utf8.reserve(size());
+    for (Uint32 i = 0; i < size(); ++i) {
+        Uint32 character = text_[i];
+        // The zero unit at the end makes the look ahead safe.
+        if (isHighSurrogate(text_[i]) && isLowSurrogate(text_[i + 1]))
+            character = 0x10000 + ((character & 0x3FF) << 10 | (text_[++i] & 0x3FF));
+        encode(character, utf8);
+    }
+    return CString(std::move(utf8));
+}
+
+Char16& String::operator[](Uint32 index)
+{
+    if (index > size())
+        throw IndexOutOfBoundsException();
+    if (text_.empty())
+        text_.push_back(ZERO);
+    return text_[index];
+}
+
+const Char16& String::operator[](Uint32 index) const
+{
+    if (index > size())
+        throw IndexOutOfBoundsException();
+    return getChar16Data()[index];
+}
+
+String& String::append(const Char16& unit)
+{
+    const Char16 added = unit; // `unit` may be part of this string
+    if (!text_.empty())
+        text_.pop_back();
+    text_.push_back(added);
+    text_.push_back(ZERO);
+    return *this;
+}
+
+String& String::append(const Char16* text, Uint32 size)
+{
+    if (size == 0)
+        return *this;
+    const std::vector<Char16> added(text, text + size); // `text` may be part of this string
+    if (!text_.empty())
+        text_.pop_back();
+    text_.insert(text_.end(), added.begin(), added.end());
+    text_.push_back(ZERO);
+    return *this;
+}
+
+String& String::append(const String& text)
+{
+    return append(text.getChar16Data(), text.size());
+}
+
+String String::subString(Uint32 index, Uint32 length) const
+{
+    if (index >= size())
+        return String();
+    return String(getChar16Data() + index, std::min(length, size() - index));
+}
+
+Uint32 String::find(Char16 unit) const
+{
+    return find(String(&unit, 1));
+}
+
+Uint32 String::find(const String& text) const
+{
+    const Char16* const end = getChar16Data() + size();
+    const Char16* const found =
+        std::search(getChar16Data(), end, text.getChar16Data(), text.getChar16Data() + text.size());
+    return text.size() == 0 || found == end ? PEG_NOT_FOUND : static_cast<Uint32>(found - getChar16Data());
+}
+
+void String::toLower()
+{
+    for (Char16& unit : text_)
+        unit = lowered(unit);
+}
+
+int String::compare(const String& a, const String& b)
+{
+    return compareUnits(a, b, [](Uint16 unit) { return unit; });
+}
+
+int String::compareNoCase(const String& a, const String& b)
+{
+    return compareUnits(a, b, lowered);
+}
+
+Boolean String::equal(const String& a, const String& b)
+{
+    return a.size() == b.size() && compare(a, b) == 0;
+}
+
+Boolean String::equalNoCase(const String& a, const String& b)
+{
+    return a.size() == b.size() && compareNoCase(a, b) == 0;
+}
+
+String operator+(const String& a, const String& b)
+{
+    return String(a).append(b);
+}
+
+Boolean operator==(const String& a, const String& b)
+{
+    return String::equal(a, b);
+}
+
+Boolean operator!=(const String& a, const String& b)
+{
+    return !String::equal(a, b);
+}
+
+Boolean operator<(const String& a, const String& b)
+{
+    return String::compare(a, b) < 0;
+}
+}

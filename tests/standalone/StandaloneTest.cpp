@@ -1,0 +1,64 @@
+// What holds for this project's own CIM library only.
+
+#include "tests/testing/CimText.h"
+
+#include <Pegasus/Common/Array.h>
+#include <Pegasus/Common/CIMInstance.h>
+#include <Pegasus/Common/CIMStatusCode.h>
+#include <Pegasus/Common/CIMType.h>
+#include <Pegasus/Common/CIMValue.h>
+#include <Pegasus/Common/Config.h>
+#include <Pegasus/Common/Exception.h>
+
+#include <gtest/gtest.h>
+#include <type_traits>
+
+using namespace Pegasus;
+
+TEST(Standalone, RemovingBeyondTheEndOfAnArrayThrowsAndChangesNothing)
+{
+    Array<Uint32> array(2);
+    EXPECT_THROW(array.remove(2), IndexOutOfBoundsException);
+    EXPECT_THROW(array.remove(1, 2), IndexOutOfBoundsException);
+    EXPECT_THROW(array.remove(0, PEG_NOT_FOUND), IndexOutOfBoundsException);
+    EXPECT_EQ(2u, array.size());
+}
+
+TEST(Standalone, CloningAnUninitializedObjectThrows)
+{
+    EXPECT_THROW(CIMInstance().clone(), UninitializedObjectException);
+    EXPECT_THROW(CIMProperty().clone(), UninitializedObjectException);
+}
+
+TEST(Standalone, ALiteralIsNoBooleanValue)
+{
+    EXPECT_FALSE((std::is_constructible<CIMValue, const char*>::value));
+}
+
+TEST(Standalone, ALoneSurrogateKeepsItsPlace)
+{
+    const Char16 units[] = {Uint16(0xD800), Uint16('a'), Uint16(0xDC00), Uint16(0xD800)};
+    EXPECT_EQ("\xED\xA0\x80"
+              "a\xED\xB0\x80\xED\xA0\x80",
+              text(String(units, 4)));
+}
+
+TEST(Standalone, AnAddressWithLeadingZerosIsNoHost)
+{
+    EXPECT_THROW(CIMObjectPath(String("//010.0.0.1/r:C")), MalformedObjectNameException);
+}
+
+TEST(Standalone, AnUnknownCodeOrTypeHasANameToo)
+{
+    EXPECT_STREQ("unknown CIM status code", cimStatusCodeToString(CIMStatusCode(18)));
+    EXPECT_STREQ("unknown CIM type", cimTypeToString(CIMType(17)));
+}
+
+TEST(Standalone, AMovedArrayIsEmpty)
+{
+    Array<String> from(3);
+    const Array<String> to(std::move(from));
+    EXPECT_EQ(3u, to.size());
+    EXPECT_EQ(0u, from.size());
+    EXPECT_THROW(from[0], IndexOutOfBoundsException);
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "tests/testing/TableBuilder.h"
+
+/// A machine on which every class has instances, and every instance a path of its own.
+TableBuilder machine();
