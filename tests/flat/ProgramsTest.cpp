@@ -15,7 +15,7 @@ namespace
 {
 const std::string ModuleFile = VQ_LIB_DIR "/libSystemProvider.so";
 const std::string ReaderFile = VQ_LIB_DIR "/from-dump/libvqsmbios.so";
-const std::string SampleTables = VQ_SOURCE_DIR "/../shared/dumps";
+const std::string RealTables = VQ_SOURCE_DIR "/../shared/dumps";
 
 struct Outcome
 {
@@ -158,20 +158,21 @@ long countOf(const std::string& output, const std::string& beginning)
     return count;
 }
 
-struct Sample
+// A table, and how many structures of each type it holds.
+struct Records
 {
     std::string file;
-    long type2 = 0;
-    long type7 = 0;
-    long type8 = 0;
-    long type9 = 0;
+    long boards;
+    long caches;
+    long ports;
+    long slots;
 };
 
-// The sample tables, with how many structures of each type they hold: columns 1 and 8 to 12 of their index.
-std::vector<Sample> samples()
+// The tables of real machines: columns 1, 8 and 10 to 12 of their index.
+std::vector<Records> realTables()
 {
-    std::vector<Sample> found;
-    std::ifstream index(SampleTables + "/INDEX.tsv");
+    std::vector<Records> found;
+    std::ifstream index(RealTables + "/INDEX.tsv");
     std::string line;
     std::getline(index, line);
     while (std::getline(index, line)) {
@@ -180,9 +181,20 @@ std::vector<Sample> samples()
         for (std::string column; std::getline(fields, column, '\t');)
             columns.push_back(column);
         const auto number = [&columns](std::size_t column) { return std::atol(columns.at(column).c_str()); };
-        found.push_back({columns.at(0), number(7), number(9), number(10), number(11)});
+        found.push_back({RealTables + "/" + columns.at(0), number(7), number(9), number(10), number(11)});
     }
     return found;
+}
+
+void expectRecords(const Records& table)
+{
+    SCOPED_TRACE(table.file);
+    const Outcome outcome = runExample(ModuleFile + " " + table.file);
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.output;
+    EXPECT_EQ(countOf(outcome.output, "Base board "), table.boards);
+    EXPECT_EQ(countOf(outcome.output, "Cache "), table.caches);
+    EXPECT_EQ(countOf(outcome.output, "Port "), table.ports);
+    EXPECT_EQ(countOf(outcome.output, "Slot "), table.slots);
 }
 }
 
@@ -208,18 +220,18 @@ TEST(Example, PrintsEveryFactOfTheTable)
 
 TEST(Example, PrintsEveryRecordOfTheSampleTables)
 {
-    const std::vector<Sample> tables = samples();
+    const std::string samples = VQ_SOURCE_DIR "/samples/";
+    expectRecords({samples + "server.bin", 2, 4, 7, 5});
+    expectRecords({samples + "desktop.bin", 1, 1, 2, 1});
+}
+
+TEST(Example, PrintsEveryRecordOfRealTables)
+{
+    const std::vector<Records> tables = realTables();
     if (tables.empty())
-        GTEST_SKIP() << "the sample tables are not here: " << SampleTables;
-    for (const Sample& sample : tables) {
-        SCOPED_TRACE(sample.file);
-        const Outcome outcome = runExample(ModuleFile + " " + SampleTables + "/" + sample.file);
-        EXPECT_EQ(outcome.exitCode, 0) << outcome.output;
-        EXPECT_EQ(countOf(outcome.output, "Base board "), sample.type2);
-        EXPECT_EQ(countOf(outcome.output, "Cache "), sample.type7);
-        EXPECT_EQ(countOf(outcome.output, "Port "), sample.type8);
-        EXPECT_EQ(countOf(outcome.output, "Slot "), sample.type9);
-    }
+        GTEST_SKIP() << "the tables of real machines are not here: " << RealTables;
+    for (const Records& table : tables)
+        expectRecords(table);
 }
 
 TEST(Example, OfAMachineWithoutRecordsPrintsNone)
