@@ -3,6 +3,7 @@
 #include "support/common/Text.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -47,10 +48,11 @@ constexpr std::array<Product, 7> Products = {{
     {2, 0x8848, "Talvo 520 BMC"},
 }};
 
-// The identity buffer that ipmiBmcGet fills.
+// The identity buffer that ipmiBmcGet fills. The library may take it for a structure of its own, so it is aligned for
+// any.
 struct BmcIdentity
 {
-    unsigned char bytes[32] = {};
+    alignas(std::max_align_t) unsigned char bytes[32] = {};
 
     template <class Number> Number at(std::size_t offset) const
     {

@@ -10,6 +10,7 @@ namespace VQ
 
 namespace
 {
+constexpr unsigned MaxYear = 9999;
 constexpr unsigned MaxOffsetMinutes = 999;
 constexpr unsigned MicrosecondsPerMillisecond = 1000;
 
@@ -51,11 +52,11 @@ Pegasus::CIMDateTime make_CIMDateTime(const DateTime& date)
     const unsigned month = date.getMonth();
     const unsigned day = date.getDay();
     const auto offset = static_cast<unsigned>(std::abs(date.getOffset()));
-    const bool someDate = date != DateTime() && offset <= MaxOffsetMinutes;
+    const bool someDate = date != DateTime() && year <= MaxYear && offset <= MaxOffsetMinutes;
     const bool monthPossible = month >= 1 && month <= 12;
 
     TimestampText text;
-    text.add(year, 4, someDate && year <= 9999);
+    text.add(year, 4, someDate);
     text.add(month, 2, monthPossible);
     text.add(day, 2, monthPossible && day >= 1 && day <= daysOf(year, month));
     text.add(date.getHour(), 2, date.getHour() <= 23);

@@ -28,6 +28,18 @@ void appendUtf16(std::vector<Pegasus::Char16>& units, std::uint32_t character)
         append(0xDC00 + ((character - 0x10000) & 0x3FF));
     }
 }
+
+std::uint32_t unitAt(const Pegasus::String& text, Pegasus::Uint32 position)
+{
+    return static_cast<Pegasus::Uint16>(text[position]);
+}
+
+// True when a pair of surrogates, which stand for one character, begins at the position.
+bool isPairAt(const Pegasus::String& text, Pegasus::Uint32 position)
+{
+    return (unitAt(text, position) & 0xFC00) == 0xD800 && position + 1 < text.size() &&
+           (unitAt(text, position + 1) & 0xFC00) == 0xDC00;
+}
 }
 
 Pegasus::String make_String(const std::wstring& text)
@@ -45,10 +57,18 @@ Pegasus::String make_String(const std::string& text)
     return make_String(make_wstring(text));
 }
 
+// Not by the CIM library's own conversion, which makes text that is not UTF-8 of an unpaired surrogate.
 std::string make_string(const Pegasus::String& text)
 {
-    const Pegasus::CString bytes = text.getCString();
-    return make_string(static_cast<const char*>(bytes));
+    std::wstring wide;
+    wide.reserve(text.size());
+    for (Pegasus::Uint32 i = 0; i < text.size(); ++i) {
+        std::uint32_t character = unitAt(text, i);
+        if (isPairAt(text, i))
+            character = 0x10000 + ((character & 0x3FF) << 10) + (unitAt(text, ++i) & 0x3FF);
+        wide += static_cast<wchar_t>(character);
+    }
+    return make_string(wide);
 }
 
 }

@@ -16,7 +16,7 @@ VQ_EXPORT Pegasus::String make_String(const std::string& text);
 /// Wide text (UTF-32) as a CIM string; what is no Unicode character becomes U+FFFD.
 VQ_EXPORT Pegasus::String make_String(const std::wstring& text);
 
-/// A CIM string as UTF-8.
+/// A CIM string as UTF-8; an unpaired surrogate becomes U+FFFD.
 VQ_EXPORT std::string make_string(const Pegasus::String& text);
 
 }

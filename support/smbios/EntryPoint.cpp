@@ -23,7 +23,6 @@ constexpr std::size_t Intermediate = 0x10; // "_DMI_", a part with a checksum of
 constexpr std::size_t TableLength = 0x16;
 constexpr std::size_t TableAddress = 0x18;
 constexpr std::size_t StructureCount = 0x1C;
-constexpr std::size_t Size = 0x1F;
 constexpr std::size_t SmallestLength = 0x1E; // version 2.1 of the standard gave 1Eh by mistake, and firmware followed
 constexpr std::size_t IntermediateSize = 0x0F;
 }
@@ -81,13 +80,16 @@ bool isEntryPoint64(const unsigned char* data, std::size_t size)
 
 bool isEntryPoint32(const unsigned char* data, std::size_t size)
 {
-    if (!beginsWith(data, size, "_SM_") || size < Form32::Size)
+    if (!beginsWith(data, size, "_SM_") || size < Form32::SmallestLength)
         return false;
     const std::size_t length = data[Form32::Length];
     const unsigned char* intermediate = data + Form32::Intermediate;
+    const std::size_t intermediateSize = size - Form32::Intermediate;
+    // The kernel hands over as many bytes as the length says; of 1Eh, the last byte of the intermediate part is missing
+    // and its checksum can't be told.
     return length >= Form32::SmallestLength && length <= size && checksumHolds(data, length) &&
-           beginsWith(intermediate, size - Form32::Intermediate, "_DMI_") &&
-           checksumHolds(intermediate, Form32::IntermediateSize);
+           beginsWith(intermediate, intermediateSize, "_DMI_") &&
+           (intermediateSize < Form32::IntermediateSize || checksumHolds(intermediate, Form32::IntermediateSize));
 }
 
 EntryPoint parseEntryPoint(const RawTables& raw)

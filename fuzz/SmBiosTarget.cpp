@@ -1,0 +1,107 @@
+// Entry point and structure table of any bytes. An input has the form of a dump: up to 32 bytes of entry point, then
+// the structure table.
+
+#include "fuzz/Require.h"
+#include "support/smbios/EntryPoint.h"
+#include "support/smbios/Structures.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+using namespace VQ;
+
+namespace
+{
+RawTables input;
+}
+
+// The reader's table is the input.
+RawTables VQ::readRawTables()
+{
+    return input;
+}
+
+namespace
+{
+// A copy that ends where its memory ends, so that the sanitizer sees a read past it.
+std::unique_ptr<unsigned char[]> exactCopy(const unsigned char* data, std::size_t size)
+{
+    std::unique_ptr<unsigned char[]> copy(new unsigned char[size]);
+    std::copy(data, data + size, copy.get());
+    return copy;
+}
+
+bool isEntryPoint(const unsigned char* data, std::size_t size)
+{
+    const auto copy = exactCopy(data, size);
+    return isEntryPoint64(copy.get(), size) || isEntryPoint32(copy.get(), size);
+}
+
+void checkTable(const SmBios::Table& table)
+{
+    const std::vector<unsigned char>& data = table.getData();
+    require(table.getLength() >= 4 && table.getLength() + 2u <= data.size(), "header, formatted area and end fit");
+    require(table.getType() == data[0] && table.getHandle() == (data[2] | data[3] << 8), "the header is the bytes'");
+    const std::vector<unsigned char> exact(data);
+    for (unsigned i = 0; i <= 255; ++i) {
+        const auto offset = static_cast<unsigned char>(i);
+        require(table.getByte(offset) == (i < table.getLength() ? exact[i] : 0), "a byte is of the formatted area");
+        require(i + 1 < table.getLength() || table.getWord(offset) == 0, "a word is of the formatted area");
+        if (const char* text = table.getString(offset)) {
+            const auto* begin = reinterpret_cast<const unsigned char*>(text);
+            require(i != 0 && begin >= data.data() + table.getLength() &&
+                        begin + std::strlen(text) < data.data() + data.size() && *text,
+                    "a string is of the string set");
+        }
+    }
+}
+
+void checkTables(const std::vector<SmBios::Table>& tables, const unsigned char* data, std::size_t size)
+{
+    std::size_t position = 0;
+    for (const SmBios::Table& table : tables) {
+        const std::vector<unsigned char>& bytes = table.getData();
+        require(bytes.size() <= size - position && std::equal(bytes.begin(), bytes.end(), data + position),
+                "structures are the table's bytes in their order");
+        position += bytes.size();
+        require(table.getType() != 127 || &table == &tables.back(), "the end-of-table structure is the last");
+        checkTable(table);
+    }
+}
+
+// The structures whatever the entry point says of them.
+void checkStructures(const unsigned char* data, std::size_t size)
+{
+    const auto copy = exactCopy(data, size);
+    checkTables(parseStructures(copy.get(), size, EntryPoint::NoCount), data, size);
+}
+
+void checkReader(const unsigned char* data, std::size_t entryPointSize, std::size_t size)
+{
+    input.origin = "input";
+    input.entryPoint.assign(data, data + entryPointSize);
+    input.structures.assign(data + entryPointSize, data + size);
+    const bool readable = entryPointSize == 0 || isEntryPoint(data, entryPointSize);
+    try {
+        const SmBios smBios;
+        require(readable, "only a valid entry point is read");
+        if (entryPointSize > 0) {
+            const EntryPoint entryPoint = parseEntryPoint(input);
+            require(smBios.getTables().size() <= entryPoint.structureCount, "no more structures than announced");
+        }
+        checkTables(smBios.getTables(), data + entryPointSize, size - entryPointSize);
+    } catch (const SmBiosError& error) {
+        require(!readable, "a valid entry point is read");
+        require(std::strstr(error.what(), "input: no SMBIOS entry point") == error.what(), "the error tells the file");
+    }
+}
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    const std::size_t entryPointSize = std::min(size, MaxEntryPointSize);
+    checkReader(data, entryPointSize, size);
+    checkStructures(data + entryPointSize, size - entryPointSize);
+    return 0;
+}

@@ -1,0 +1,182 @@
+#include "support/common/DynamicLibrary.h"
+
+#include <climits>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <string>
+#include <unistd.h>
+
+using VQ::DynamicLibrary;
+
+namespace
+{
+// A library of the test's own, with one function that returns 42.
+const std::string Library = VQ_ANSWER_LIBRARY;
+
+std::wstring wide(const std::string& ascii)
+{
+    return std::wstring(ascii.begin(), ascii.end());
+}
+
+std::wstring libraryPath()
+{
+    return wide(Library);
+}
+
+bool isLoaded()
+{
+    void* handle = dlopen(Library.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    if (handle)
+        dlclose(handle);
+    return handle != nullptr;
+}
+
+// While it lives, another directory is the working directory.
+class WorkingDirectory
+{
+public:
+    explicit WorkingDirectory(const std::string& directory)
+    {
+        if (!getcwd(_before, sizeof _before) || chdir(directory.c_str()) != 0)
+            throw std::runtime_error("cannot change to " + directory);
+    }
+    ~WorkingDirectory() { EXPECT_EQ(chdir(_before), 0); }
+
+private:
+    char _before[PATH_MAX] = {};
+};
+}
+
+TEST(DynamicLibrary, NamingALibraryLoadsNothing)
+{
+    const DynamicLibrary library(libraryPath());
+    EXPECT_FALSE(isLoaded());
+}
+
+TEST(DynamicLibrary, LoadsALibraryAndFindsItsFunction)
+{
+    DynamicLibrary library(libraryPath());
+    ASSERT_TRUE(library.load());
+    const auto answer = reinterpret_cast<int (*)()>(library.getSymbol(L"vq_answer"));
+    ASSERT_NE(answer, nullptr);
+    EXPECT_EQ(answer(), 42);
+    library.unload();
+}
+
+TEST(DynamicLibrary, AbsentSymbolIsNull)
+{
+    DynamicLibrary library(libraryPath());
+    ASSERT_TRUE(library.load());
+    EXPECT_EQ(library.getSymbol(L"vq_no_such_symbol"), nullptr);
+    EXPECT_EQ(library.getSymbol(L""), nullptr);
+}
+
+TEST(DynamicLibrary, NoSymbolIsFoundInALibraryThatIsNotLoaded)
+{
+    DynamicLibrary library(libraryPath());
+    EXPECT_EQ(library.getSymbol(L"vq_answer"), nullptr);
+    EXPECT_EQ(library.getSymbol(L"malloc"), nullptr);
+    ASSERT_TRUE(library.load());
+    library.unload();
+    EXPECT_EQ(library.getSymbol(L"vq_answer"), nullptr);
+}
+
+TEST(DynamicLibrary, UnloadReleasesTheLibrary)
+{
+    DynamicLibrary library(libraryPath());
+    ASSERT_TRUE(library.load());
+    EXPECT_TRUE(isLoaded());
+    library.unload();
+    EXPECT_FALSE(isLoaded());
+}
+
+TEST(DynamicLibrary, DestructionReleasesTheLibrary)
+{
+    {
+        DynamicLibrary library(libraryPath());
+        ASSERT_TRUE(library.load());
+        EXPECT_TRUE(isLoaded());
+    }
+    EXPECT_FALSE(isLoaded());
+}
+
+TEST(DynamicLibrary, LoadsAndUnloadsAgainAndAgain)
+{
+    DynamicLibrary library(libraryPath());
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_TRUE(library.load());
+        ASSERT_NE(library.getSymbol(L"vq_answer"), nullptr);
+        library.unload();
+        ASSERT_FALSE(isLoaded());
+    }
+}
+
+TEST(DynamicLibrary, LoadingTwiceHoldsTheLibraryOnce)
+{
+    DynamicLibrary library(libraryPath());
+    ASSERT_TRUE(library.load());
+    ASSERT_TRUE(library.load());
+    library.unload();
+    EXPECT_FALSE(isLoaded());
+}
+
+TEST(DynamicLibrary, UnloadingTwiceIsHarmlessAndKeepsAnothersHold)
+{
+    DynamicLibrary other(libraryPath());
+    ASSERT_TRUE(other.load());
+    DynamicLibrary library(libraryPath());
+    ASSERT_TRUE(library.load());
+    library.unload();
+    library.unload();
+    EXPECT_TRUE(isLoaded());
+    EXPECT_NE(other.getSymbol(L"vq_answer"), nullptr);
+}
+
+TEST(DynamicLibrary, MissingFileIsNotLoaded)
+{
+    DynamicLibrary library(L"/no/such/directory/libmissing.so");
+    EXPECT_FALSE(library.load());
+    EXPECT_FALSE(library.load());
+    EXPECT_EQ(library.getSymbol(L"vq_answer"), nullptr);
+    library.unload();
+}
+
+TEST(DynamicLibrary, FileThatIsNoLibraryIsNotLoaded)
+{
+    const std::string file = testing::TempDir() + "vq-no-library-" + std::to_string(getpid()) + ".so";
+    std::ofstream(file) << "not a library";
+    DynamicLibrary library(wide(file));
+    EXPECT_FALSE(library.load());
+    std::remove(file.c_str());
+}
+
+TEST(DynamicLibrary, DirectoryIsNotLoaded)
+{
+    DynamicLibrary library(wide(testing::TempDir()));
+    EXPECT_FALSE(library.load());
+}
+
+TEST(DynamicLibrary, PathWithASlashIsRelativeToTheWorkingDirectory)
+{
+    const std::size_t slash = Library.rfind('/');
+    const WorkingDirectory there(Library.substr(0, slash));
+    DynamicLibrary library(wide("." + Library.substr(slash)));
+    EXPECT_TRUE(library.load());
+}
+
+TEST(DynamicLibrary, RelativePathIsNotFoundFromElsewhere)
+{
+    const WorkingDirectory root("/");
+    DynamicLibrary library(wide("." + Library.substr(Library.rfind('/'))));
+    EXPECT_FALSE(library.load());
+}
+
+TEST(DynamicLibrary, NameWithoutASlashIsSearchedByTheLoaderAndNotInTheWorkingDirectory)
+{
+    const std::size_t slash = Library.rfind('/');
+    const WorkingDirectory there(Library.substr(0, slash));
+    DynamicLibrary library(wide(Library.substr(slash + 1)));
+    EXPECT_FALSE(library.load());
+}

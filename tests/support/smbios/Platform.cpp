@@ -1,0 +1,99 @@
+#include "tests/support/smbios/Platform.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdarg>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace
+{
+Platform* asked = nullptr;
+
+template <class Function> Function next(const char* name)
+{
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+// True when this call is one that a signal interrupts.
+bool interrupts()
+{
+    static bool turn = false;
+    turn = asked->interrupted && !turn;
+    return turn;
+}
+
+ssize_t failWith(int error)
+{
+    errno = error;
+    return -1;
+}
+}
+
+Platform::Platform()
+{
+    asked = this;
+}
+
+Platform::~Platform()
+{
+    asked = nullptr;
+}
+
+// In place of the C library's; 64-bit file offsets give most of them another name than they are written with here.
+#pragma GCC visibility push(default)
+extern "C" {
+
+int open(const char* path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const int mode = flags & O_CREAT ? va_arg(arguments, int) : 0;
+    va_end(arguments);
+    if (asked)
+        asked->opened.emplace_back(path);
+    static const auto real = next<int (*)(const char*, int, ...)>("open64");
+    return real(path, flags, mode);
+}
+
+ssize_t read(int descriptor, void* buffer, size_t size)
+{
+    static const auto real = next<ssize_t (*)(int, void*, size_t)>("read");
+    if (!asked)
+        return real(descriptor, buffer, size);
+    if (asked->readError)
+        return failWith(asked->readError);
+    if (interrupts())
+        return failWith(EINTR);
+    const ssize_t got = real(descriptor, buffer, std::min(size, asked->largestAnswer));
+    if (got >= 0)
+        asked->reads.push_back(static_cast<std::size_t>(got));
+    return got;
+}
+
+ssize_t pread(int descriptor, void* buffer, size_t size, off_t offset)
+{
+    static const auto real = next<ssize_t (*)(int, void*, size_t, off_t)>("pread64");
+    if (!asked)
+        return real(descriptor, buffer, size, offset);
+    asked->wanted.push_back(size);
+    if (asked->preadError && offset >= static_cast<off_t>(asked->preadErrorFrom))
+        return failWith(asked->preadError);
+    if (interrupts())
+        return failWith(EINTR);
+    return real(descriptor, buffer, std::min(size, asked->largestAnswer), offset);
+}
+
+void* mmap(void* address, size_t length, int protection, int flags, int descriptor, off_t offset) noexcept
+{
+    if (asked && asked->mmapError) {
+        errno = asked->mmapError;
+        return MAP_FAILED;
+    }
+    static const auto real = next<void* (*)(void*, size_t, int, int, int, off_t)>("mmap64");
+    return real(address, length, protection, flags, descriptor, offset);
+}
+}
+#pragma GCC visibility pop
