@@ -13,7 +13,11 @@
 namespace
 {
 constexpr std::size_t FirstSize = 1000;
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::size_t LargerSizes[] = {4000}; // with a sanitizer the next one takes minutes
+#else
 constexpr std::size_t LargerSizes[] = {4000, 16000};
+#endif
 constexpr double AllocationBound = 1.1; // a growing list is moved a few times, and longer numbers make longer texts
 constexpr double ByteBound = 1.3;       // and such a list holds up to twice what it needs
 constexpr double TimeBound = 5.0;       // a large table leaves the processor's caches

@@ -10,11 +10,17 @@ std::atomic<std::size_t> allocationCount{0};
 std::atomic<std::size_t> allocationBytes{0};
 }
 
-void* operator new(std::size_t size)
+// Both forms are replaced: a sanitizer's own form would not match the replaced delete.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     allocationCount.fetch_add(1, std::memory_order_relaxed);
     allocationBytes.fetch_add(size, std::memory_order_relaxed);
-    if (void* memory = std::malloc(size != 0 ? size : 1))
+    return std::malloc(size != 0 ? size : 1);
+}
+
+void* operator new(std::size_t size)
+{
+    if (void* memory = operator new(size, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
