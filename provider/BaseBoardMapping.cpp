@@ -9,7 +9,7 @@ using Pegasus::String;
 
 void deliverBaseBoards(const String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
-    const std::vector<std::string> options = getConfigurationOptions();
+    const Pegasus::CIMValue options = cimArray(getConfigurationOptions()); // one value, which all boards share
     Pegasus::Uint32 index = 0;
     for (const BaseBoard& board : GetBaseBoardInstances()) {
         InstanceAssembly instance(requestedClass);

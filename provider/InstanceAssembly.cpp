@@ -12,55 +12,52 @@ InstanceAssembly::InstanceAssembly(const String& requestedClass) : _instance(CIM
 
 void InstanceAssembly::add(const char* property, const char* value)
 {
-    addValue(property, CIMValue(String(value)));
+    add(property, CIMValue(String(value)));
 }
 
 void InstanceAssembly::add(const char* property, const String& value)
 {
-    addValue(property, CIMValue(value));
+    add(property, CIMValue(value));
 }
 
 void InstanceAssembly::add(const char* property, const std::string& value)
 {
-    addValue(property, CIMValue(make_String(value)));
+    add(property, CIMValue(make_String(value)));
 }
 
 void InstanceAssembly::add(const char* property, const std::wstring& value)
 {
-    addValue(property, CIMValue(make_String(value)));
+    add(property, CIMValue(make_String(value)));
 }
 
 void InstanceAssembly::add(const char* property, const std::vector<std::string>& values)
 {
-    Array<String> texts;
-    for (const std::string& value : values)
-        texts.append(make_String(value));
-    addValue(property, CIMValue(texts));
+    add(property, cimArray(values));
 }
 
 void InstanceAssembly::add(const char* property, Boolean value)
 {
-    addValue(property, CIMValue(value));
+    add(property, CIMValue(value));
 }
 
 void InstanceAssembly::add(const char* property, Sint16 value)
 {
-    addValue(property, CIMValue(value));
+    add(property, CIMValue(value));
 }
 
 void InstanceAssembly::add(const char* property, Uint16 value)
 {
-    addValue(property, CIMValue(value));
+    add(property, CIMValue(value));
 }
 
 void InstanceAssembly::add(const char* property, Uint32 value)
 {
-    addValue(property, CIMValue(value));
+    add(property, CIMValue(value));
 }
 
 void InstanceAssembly::add(const char* property, Uint64 value)
 {
-    addValue(property, CIMValue(value));
+    add(property, CIMValue(value));
 }
 
 void InstanceAssembly::add(const char* property, const std::vector<std::uint16_t>& values)
@@ -68,15 +65,15 @@ void InstanceAssembly::add(const char* property, const std::vector<std::uint16_t
     Array<Uint16> numbers;
     for (const std::uint16_t value : values)
         numbers.append(value);
-    addValue(property, CIMValue(numbers));
+    add(property, CIMValue(numbers));
 }
 
 void InstanceAssembly::add(const char* property, const DateTime& value)
 {
-    addValue(property, CIMValue(make_CIMDateTime(value)));
+    add(property, CIMValue(make_CIMDateTime(value)));
 }
 
-void InstanceAssembly::addValue(const char* property, const CIMValue& value)
+void InstanceAssembly::add(const char* property, const CIMValue& value)
 {
     _instance.addProperty(CIMProperty(CIMName(property), value, 0, CIMName(), CIMName(), false));
 }
@@ -112,6 +109,14 @@ String cimText(Uint16 number)
 String cimText(Uint32 number)
 {
     return CIMValue(number).toString();
+}
+
+CIMValue cimArray(const std::vector<std::string>& texts)
+{
+    Array<String> array;
+    for (const std::string& text : texts)
+        array.append(make_String(text));
+    return CIMValue(array);
 }
 
 }

@@ -36,13 +36,13 @@ public:
     void add(const char* property, Pegasus::Uint64 value);
     void add(const char* property, const std::vector<std::uint16_t>& values); ///< uint16 array
     void add(const char* property, const DateTime& value);                    ///< datetime
+    void add(const char* property, const Pegasus::CIMValue& value);           ///< as it is; the value is shared
 
     /// Sets the path from the keys and hands the instance to the client. Throws what the CIM library throws when a key
     /// property was not added.
     void deliver(const Keys& keys, Pegasus::InstanceResponseHandler& handler);
 
 private:
-    void addValue(const char* property, const Pegasus::CIMValue& value);
     Pegasus::CIMKeyBinding bind(const Key& key) const;
 
     Pegasus::CIMInstance _instance;
@@ -51,5 +51,8 @@ private:
 /// A number as CIM writes it, in decimal.
 Pegasus::String cimText(Pegasus::Uint16 number);
 Pegasus::String cimText(Pegasus::Uint32 number);
+
+/// Texts as a string array.
+Pegasus::CIMValue cimArray(const std::vector<std::string>& texts);
 
 }

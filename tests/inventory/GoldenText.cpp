@@ -1,0 +1,37 @@
+#include "tests/inventory/GoldenText.h"
+
+#include "support/common/Export.h"
+#include "tests/testing/CimText.h"
+#include "tests/testing/Provider.h"
+#include "tests/testing/ServedTable.h"
+
+#include <cstring>
+#include <sys/utsname.h>
+
+// The host name that the program's own libraries see.
+extern "C" VQ_EXPORT int uname(struct utsname* names) noexcept
+{
+    *names = {};
+    std::strcpy(names->nodename, "sample.example");
+    return 0;
+}
+
+namespace
+{
+const char* const SmBiosClasses[] = {"QORTAL_BIOS", "QORTAL_Chassis", "QORTAL_BaseBoard",     "QORTAL_CacheMemory",
+                                     "QORTAL_Port", "QORTAL_Slot",    "QORTAL_ComputerSystem"};
+}
+
+std::string goldenText(const std::string& dumpFile)
+{
+    const ServedTable table(dumpFile);
+    std::string all;
+    for (const char* className : SmBiosClasses) {
+        for (const Pegasus::CIMInstance& instance : instancesOf(className)) {
+            all += text(instance.getPath().toString()) + "\n";
+            for (const std::string& line : propertyLines(instance))
+                all += "    " + line + "\n";
+        }
+    }
+    return all;
+}

@@ -1,0 +1,85 @@
+#include "tools/Formats.h"
+
+#include <nlohmann/json.hpp>
+
+namespace VQ::Tool
+{
+
+namespace
+{
+using Json = nlohmann::ordered_json; // properties in the order of the delivery
+
+Json toJson(const Scalar& scalar)
+{
+    return std::visit(
+        [](const auto& element) -> Json {
+            if constexpr (std::is_same_v<std::decay_t<decltype(element)>, DateTimeText>)
+                return element.text;
+            else
+                return element;
+        },
+        scalar);
+}
+
+Json toJson(const Value& value)
+{
+    if (value.isNull)
+        return nullptr;
+    if (!value.isArray)
+        return toJson(value.elements.at(0));
+    Json array = Json::array();
+    for (const Scalar& element : value.elements)
+        array.push_back(toJson(element));
+    return array;
+}
+
+Json toJson(const Instance& instance)
+{
+    Json keys = Json::object();
+    for (const NamedValue& key : instance.keys)
+        keys[key.name] = toJson(key.value);
+    Json properties = Json::object();
+    for (const Property& property : instance.properties)
+        properties[property.name] = toJson(property.value);
+    return {{"path", instance.path}, {"keys", keys}, {"properties", properties}};
+}
+
+std::string written(const Json& json)
+{
+    // Bytes that are no UTF-8 become U+FFFD, where the library would otherwise refuse the whole document.
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+template <class Convert> std::string byClass(const std::vector<Answer>& answers, const Convert& convert)
+{
+    Json classes = Json::object();
+    for (const Answer& answer : answers) {
+        if (answer.failure && answer.instances.empty())
+            continue;
+        Json instances = Json::array();
+        for (const Instance& instance : answer.instances)
+            instances.push_back(convert(instance));
+        classes[answer.className] = instances;
+    }
+    return written(classes);
+}
+}
+
+std::string instancesAsJson(const std::vector<Answer>& answers)
+{
+    return byClass(answers, [](const Instance& instance) { return toJson(instance); });
+}
+
+std::string namesAsJson(const std::vector<Answer>& answers)
+{
+    return byClass(answers, [](const Instance& instance) { return Json(instance.path); });
+}
+
+std::string resultAsJson(const MethodAnswer& answer)
+{
+    return written({{"class", answer.className},
+                    {"method", answer.method},
+                    {"ReturnValue", answer.returnValue ? toJson(*answer.returnValue) : Json(nullptr)}});
+}
+
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace VQ::Tool
+{
+
+/// The text, safe for a terminal: control characters (C0, DEL, C1), which a terminal would obey, and bytes that are no
+/// UTF-8 appear as \xNN. Firmware text may hold any byte.
+std::string printable(const std::string& utf8);
+
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace VQ::Tool
+{
+
+/// A file that can't be used: the text names the file, the reason, and what would help.
+class LoadError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A shared library that stays loaded as long as the object lives.
+class SharedLibrary
+{
+public:
+    /// Loads the file with the flags of dlopen. Throws LoadError with the loader's reason.
+    SharedLibrary(const std::string& file, int flags);
+    ~SharedLibrary();
+    SharedLibrary(const SharedLibrary&) = delete;
+    SharedLibrary& operator=(const SharedLibrary&) = delete;
+
+    /// Throws LoadError when the library has no such symbol.
+    void* symbol(const char* name) const;
+
+private:
+    std::string _file;
+    void* _handle;
+};
+
+}

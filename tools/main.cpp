@@ -1,0 +1,76 @@
+// vqinventory: loads the provider module as a CIM server does and shows people what it serves.
+
+#include "tools/Arguments.h"
+#include "tools/Commands.h"
+#include "tools/DumpFile.h"
+#include "tools/Module.h"
+#include "tools/Printable.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <sstream>
+
+using namespace VQ::Tool;
+
+namespace
+{
+enum ExitCode
+{
+    Done = 0,
+    RequestFailed = 1,
+    WrongUsage = 2
+};
+
+// Each line with the program's name before it; texts from firmware and the command line are made safe to show.
+void complain(const std::string& lines)
+{
+    std::istringstream in(lines);
+    for (std::string line; std::getline(in, line);)
+        std::fprintf(stderr, "vqinventory: %s\n", printable(line).c_str());
+}
+
+// A pipe that nobody reads, or a full disk, must not pass for success.
+int print(const std::string& output, int code)
+{
+    const bool written = std::fwrite(output.data(), 1, output.size(), stdout) == output.size();
+    if (written && std::fflush(stdout) == 0)
+        return code;
+    complain("cannot write to standard output: " + std::string(std::strerror(errno)));
+    return RequestFailed;
+}
+
+int run(const Arguments& arguments)
+{
+    if (!arguments.information.empty())
+        return print(arguments.information, Done);
+    const std::string moduleFile = arguments.moduleFile.empty() ? defaultModuleFile() : arguments.moduleFile;
+    std::unique_ptr<SharedLibrary> dumpReader;
+    if (arguments.dumpFile) {
+        checkDumpFile(*arguments.dumpFile);
+        dumpReader = serveDumpFile(*arguments.dumpFile, moduleFile);
+    }
+    Module module(moduleFile);
+    const Outcome outcome = runCommand(arguments, module);
+    const int code = print(outcome.output, outcome.failed ? RequestFailed : Done);
+    complain(outcome.complaints);
+    return code;
+}
+}
+
+int main(int count, char** values)
+{
+    std::signal(SIGPIPE, SIG_IGN); // a write then fails, with a reason
+    try {
+        return run(parseArguments(count, values));
+    } catch (const UsageError& error) {
+        complain(error.what());
+        return WrongUsage;
+    } catch (const std::exception& error) {
+        complain(error.what());
+        return RequestFailed;
+    }
+}
