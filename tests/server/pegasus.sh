@@ -1,7 +1,7 @@
 # Functions for a CIM server of the tests' own; to be sourced by a script that runs below in-private.
 #   VQ_PEGASUS      the OpenPegasus installation: bin/, lib/
 #   VQ_REPOSITORY   a repository of it that holds the CIM schema; it is copied
-#   VQ_SCRATCH      an empty directory
+#   VQ_SCRATCH      a directory for the server's log
 
 # A home of the server's, all links but for what it writes: the repository, its traces and its settings.
 make_home()
