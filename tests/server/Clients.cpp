@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
@@ -70,23 +71,34 @@ std::string between(const std::string& xml, const std::string& open, const std::
     return xml.substr(begin + open.size(), end - begin - open.size());
 }
 
-std::string withoutEntities(const std::string& xml)
+// The five entities of XML that have a name; empty for another name.
+std::string namedEntity(const std::string& name)
+{
+    static const std::map<std::string, std::string> entities = {
+        {"lt", "<"}, {"gt", ">"}, {"amp", "&"}, {"quot", "\""}, {"apos", "'"}};
+    const auto found = entities.find(name);
+    return found == entities.end() ? "" : found->second;
+}
+
+enum class Entities
+{
+    All,
+    NumberedOnly
+};
+
+std::string withoutEntities(const std::string& xml, Entities which)
 {
     std::string text;
     for (std::size_t i = 0; i < xml.size(); ++i) {
-        if (xml[i] != '&') {
-            text += xml[i];
-            continue;
-        }
-        const std::size_t end = xml.find(';', i);
-        const std::string name = xml.substr(i + 1, end - i - 1);
-        if (name == "lt" || name == "gt" || name == "amp" || name == "quot" || name == "apos")
-            text += name == "lt" ? '<' : name == "gt" ? '>' : name == "amp" ? '&' : name == "quot" ? '"' : '\'';
-        else if (startsWith(name, "#"))
-            text += static_cast<char>(std::stoi(name.substr(1)));
-        else
-            throw std::runtime_error("unknown entity in the answer: " + name);
-        i = end;
+        const std::size_t end = xml[i] == '&' ? xml.find(';', i) : std::string::npos;
+        const std::string name = end == std::string::npos ? "" : xml.substr(i + 1, end - i - 1);
+        std::string meant;
+        if (startsWith(name, "#"))
+            meant = static_cast<char>(std::stoi(name.substr(1)));
+        else if (which == Entities::All)
+            meant = namedEntity(name);
+        text += meant.empty() ? std::string(1, xml[i]) : meant;
+        i = meant.empty() ? i : end;
     }
     return text;
 }
@@ -101,7 +113,7 @@ std::vector<Property> propertiesOf(const std::string& instance)
         Property property;
         property.name = between(element, "NAME=\"", "\"", inside);
         while (element.find("<VALUE>", inside) != std::string::npos)
-            property.values.push_back(withoutEntities(between(element, "<VALUE>", "</VALUE>", inside)));
+            property.values.push_back(withoutEntities(between(element, "<VALUE>", "</VALUE>", inside), Entities::All));
         properties.push_back(property);
     }
     return properties;
@@ -131,10 +143,20 @@ std::string withoutAddress(const std::string& path)
 {
     if (!startsWith(path, wbemAddress()))
         throw std::runtime_error("not an object of this server: " + path);
-    return withoutEntities(path.substr(wbemAddress().size()));
+    return withoutEntities(path.substr(wbemAddress().size()), Entities::NumberedOnly);
 }
 
-// `"a","b"`, `"a"`, `0,8` or `12`. The program escapes no quotes, and leaves the entities of XML as they came.
+// What stands between the quotes: quotes and backslashes have a backslash before them, and the entities of XML that
+// have no name are left as they came.
+std::string wbemText(const std::string& quoted)
+{
+    std::string text;
+    for (std::size_t i = 0; i < quoted.size(); ++i)
+        text += quoted[i] == '\\' && i + 1 < quoted.size() ? quoted[++i] : quoted[i];
+    return withoutEntities(text, Entities::NumberedOnly);
+}
+
+// `"a","b"`, `"a"`, `0,8` or `12`.
 std::vector<std::string> wbemValues(const std::string& text)
 {
     const bool quoted = startsWith(text, "\"");
@@ -142,10 +164,10 @@ std::vector<std::string> wbemValues(const std::string& text)
     std::string rest = quoted ? text.substr(1, text.rfind('"') - 1) : text;
     std::vector<std::string> values;
     for (std::size_t end = rest.find(separator); end != std::string::npos; end = rest.find(separator)) {
-        values.push_back(withoutEntities(rest.substr(0, end)));
+        values.push_back(wbemText(rest.substr(0, end)));
         rest.erase(0, end + separator.size());
     }
-    values.push_back(withoutEntities(rest));
+    values.push_back(wbemText(rest));
     return values;
 }
 
