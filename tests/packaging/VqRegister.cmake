@@ -17,5 +17,5 @@ add_test(NAME packaging.vq-register-doctor COMMAND ${CMAKE_SOURCE_DIR}/tests/ser
     ${CMAKE_CURRENT_BINARY_DIR} ${CMAKE_SOURCE_DIR}:${CMAKE_BINARY_DIR} ${_test} doctor)
 set_tests_properties(packaging.vq-register packaging.vq-register-doctor PROPERTIES
     SKIP_RETURN_CODE 77 TIMEOUT 120 ENVIRONMENT
-    "VQ_REGISTER=${CMAKE_BINARY_DIR}/bin/vq-register;VQ_MODULE=$<TARGET_FILE:SystemProvider>;VQ_STANDALONE=${_standalone}\
-;VQ_PLAIN=$<TARGET_FILE:vq_empty_part>;VQ_ORPHAN=$<TARGET_FILE:vq_orphan>;VQ_SCHEMA=${CMAKE_SOURCE_DIR}/schema")
+    "VQ_REGISTER=${CMAKE_BINARY_DIR}/bin/vq-register;VQ_STANDALONE=${_standalone}\
+;VQ_PLAIN=$<TARGET_FILE:vq_empty_part>;VQ_ORPHAN=$<TARGET_FILE:vq_orphan>;VQ_SCHEMA=${CMAKE_SOURCE_DIR}/schema;VQ_VERSION=${PROJECT_VERSION}")
