@@ -1,0 +1,2 @@
+/* An empty shared library. */
+typedef int vqEmpty;
