@@ -63,8 +63,13 @@ unset PEGASUS_HOME
 [ -z "$pegasus_libraries" ] || export LD_LIBRARY_PATH=$pegasus_libraries
 
 known() { (cd "$server" && find classes providers registered 2>/dev/null | grep -cE '^(classes/.*|providers/libSystemProvider\.so|registered)$') || true; }
-# All files but dpkg's own notes, by kind, permissions, size and place.
-files() { find /usr /etc /var /opt \( -path /var/lib/dpkg -o -path /var/log/dpkg.log \) -prune -o ! -type d -printf '%y %m %s %p %l\n' | sort; }
+# All files that were written or taken away here, but dpkg's own notes, by kind, permissions, size and place. Of the upper
+# layers only: the machine's own files may change meanwhile by other hands.
+files()
+{
+    (cd "$scratch/layers" && find ./*/upper \( -path ./var/upper/lib/dpkg -o -path ./var/upper/log/dpkg.log \) -prune \
+        -o ! -type d -printf '%y %m %s %p %l\n' | sort)
+}
 # The packages of this width need not be installed here, and the width need not be this machine's own.
 dpkg_quietly() { dpkg --force-depends --force-architecture --no-triggers "$@" >"$scratch/dpkg.log" 2>&1; }
 
