@@ -81,10 +81,12 @@ Scalar toNumber(const std::string& text)
 {
     char* end = nullptr;
     errno = 0;
-    const bool negative = !text.empty() && text[0] == '-';
-    const Scalar number = negative ? Scalar(static_cast<std::int64_t>(std::strtoll(text.c_str(), &end, 10)))
-                                   : Scalar(static_cast<std::uint64_t>(std::strtoull(text.c_str(), &end, 10)));
-    return errno != 0 || text.empty() || *end != '\0' ? Scalar(text) : number;
+    if (!text.empty() && text[0] == '-') {
+        const std::int64_t number = std::strtoll(text.c_str(), &end, 10);
+        return errno == 0 && *end == '\0' ? Scalar(number) : Scalar(text);
+    }
+    const std::uint64_t number = std::strtoull(text.c_str(), &end, 10);
+    return errno == 0 && *end == '\0' && !text.empty() ? Scalar(number) : Scalar(text);
 }
 
 Scalar toScalar(const CIMKeyBinding& key)

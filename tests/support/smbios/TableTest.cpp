@@ -54,11 +54,11 @@ TEST(Table, WordWithAByteBeyondTheFormattedAreaIsZero)
 
 TEST(Table, LongestFormattedAreaIsReadToItsEnd)
 {
-    Bytes bytes(255, 0x11);
+    Bytes bytes(255 + 2, 0x11);
     bytes[1] = 255;
     bytes[253] = 0x22;
     bytes[254] = 0x33;
-    bytes.insert(bytes.end(), {0, 0});
+    bytes[255] = bytes[256] = 0; // no strings
     const Table table(bytes);
     EXPECT_EQ(table.getByte(254), 0x33);
     EXPECT_EQ(table.getByte(255), 0);
