@@ -38,6 +38,14 @@ std::uint16_t levelOf(std::uint16_t configuration)
     const std::uint16_t level = configuration & 7;
     return level <= 2 ? static_cast<std::uint16_t>(level + 3) : std::uint16_t{0};
 }
+
+// The number stands at this place of the structure's bytes, whatever the formatted area's length says.
+std::string designationOf(const TableType7& cache)
+{
+    static constexpr std::size_t SocketDesignation = 0x04;
+    const std::vector<unsigned char>& data = cache.getData();
+    return make_string(cache.getString(data.size() > SocketDesignation ? data[SocketDesignation] : 0));
+}
 }
 
 SmBiosCache::SmBiosCache(const SmBios::Table& table)
@@ -48,8 +56,8 @@ SmBiosCache::SmBiosCache(const SmBios::Table& table)
     _size = kilobytes(installed);
     // The block count stays in units of the granularity while the size is scaled; consumers multiply by themselves.
     _numberOfBlocks = installed & CountBits;
-    _designation = make_string(cache.getString(cache.getByte(0x04))); // Socket Designation
-    _purpose = make_string(cache.getString(cache.getByte(0x04)));
+    _designation = designationOf(cache);
+    _purpose = designationOf(cache);
     const std::uint16_t configuration = cache.getWord(0x05); // Cache Configuration
     _writePolicy = writePolicyOf(configuration);
     _level = levelOf(configuration);

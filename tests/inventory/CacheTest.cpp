@@ -263,6 +263,15 @@ TEST(Cache, OfAHeaderAloneReadsEveryFieldAsZero)
     EXPECT_EQ(cache.getLevel(), 3);
 }
 
+TEST(Cache, DesignationsNumberStandsInTheStructuresBytesWhereverTheFormattedAreaEnds)
+{
+    // A header alone: the byte at 04h is the first one of the strings, and here it names the second of them.
+    const VQ::Cache cache = only(TableBuilder().type(7).string("\x02 first").string("second"));
+    EXPECT_EQ(cache.getDesignation(), "second");
+    EXPECT_EQ(cache.getPurpose(), "second");
+    EXPECT_EQ(VQ::SmBiosCache(VQ::SmBios::Table()).getDesignation(), "");
+}
+
 TEST(Cache, IsListedForEveryStructure)
 {
     TableBuilder table;
