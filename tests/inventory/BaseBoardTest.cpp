@@ -2,7 +2,7 @@
 
 #include "inventory/SmBiosBaseBoard.h"
 #include "support/common/Text.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

@@ -1,7 +1,7 @@
 // The system BIOS: the record read from types 0, 1 and 13, and its instance.
 
 #include "inventory/Bios.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

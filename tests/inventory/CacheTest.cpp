@@ -1,7 +1,7 @@
 // Processor caches: records of type 7 structures, and their instances.
 
 #include "inventory/SmBiosCache.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

@@ -1,7 +1,7 @@
 // The enclosure: the record read from the first type 3 structure, and its instance.
 
 #include "inventory/SmBiosChassis.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

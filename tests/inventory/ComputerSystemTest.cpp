@@ -2,7 +2,7 @@
 
 #include "support/common/Export.h"
 #include "support/smbios/SmBios.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

@@ -1,7 +1,7 @@
 // Firmware that the OEM strings (type 11) announce: records, and their instances in the BIOS class.
 
 #include "inventory/SmBiosFirmware.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

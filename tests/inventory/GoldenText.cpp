@@ -1,7 +1,7 @@
 #include "tests/inventory/GoldenText.h"
 
 #include "support/common/Export.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

@@ -1,7 +1,7 @@
 // Any bytes in place of the table: the hardware classes give instances or an empty list.
 
 #include "support/smbios/SmBios.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

@@ -1,7 +1,7 @@
 // Port connectors: records of type 8 structures, and their instances.
 
 #include "inventory/SmBiosPort.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

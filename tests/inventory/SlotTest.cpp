@@ -1,7 +1,7 @@
 // System slots: records of type 9 structures, and their instances.
 
 #include "inventory/Slot.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

@@ -4,7 +4,7 @@
 
 #include "os/OperatingSystem.h"
 #include "tests/os/FakeLibc.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 
 #include <Pegasus/Common/CIMDateTime.h>

@@ -1,8 +1,8 @@
 // The MOF files against the provider itself, in both directions.
 
 #include "tests/packaging/Mof.h"
-#include "tests/testing/CimText.h"
-#include "tests/testing/Machine.h"
+#include "tests/testing/CimLines.h"
+#include "tests/testing/FullTable.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 
@@ -57,7 +57,7 @@ TEST(Schema, DescribesTheServedClassesAndNoOther)
 
 TEST(Schema, EveryPropertyOfAnInstanceIsInItsClassWithTheSameTypeAndOrder)
 {
-    const ServedTable table(machine());
+    const ServedTable table(fullTable());
     for (const MofClass& mofClass : readMofClasses(ClassesFile)) {
         for (const Pegasus::CIMInstance& instance : instancesOf(mofClass.name.c_str())) {
             auto searchFrom = mofClass.properties.begin();
@@ -75,7 +75,7 @@ TEST(Schema, EveryPropertyOfAnInstanceIsInItsClassWithTheSameTypeAndOrder)
 
 TEST(Schema, EveryPropertyOfAClassIsCarriedBySomeInstance)
 {
-    const ServedTable table(machine());
+    const ServedTable table(fullTable());
     for (const MofClass& mofClass : readMofClasses(ClassesFile)) {
         std::set<std::string> carried;
         for (const Pegasus::CIMInstance& instance : instancesOf(mofClass.name.c_str()))
@@ -92,7 +92,7 @@ TEST(Schema, EveryPropertyOfAClassIsCarriedBySomeInstance)
 
 TEST(Schema, KeysAreTheKeysOfThePaths)
 {
-    const ServedTable table(machine());
+    const ServedTable table(fullTable());
     for (const MofClass& mofClass : readMofClasses(ClassesFile)) {
         std::set<std::string> marked;
         for (const MofProperty& property : mofClass.properties)
@@ -135,7 +135,7 @@ TEST(Registration, NamesTheModuleAndAProviderThatItCreates)
 
 TEST(Registration, HasOneCapabilityForEachClassAndTheProviderAnswersToIt)
 {
-    const ServedTable table(machine());
+    const ServedTable table(fullTable());
     std::vector<std::string> classes;
     std::set<std::string> identifiers;
     for (const MofInstance& capability : registrationsOf("PG_ProviderCapabilities")) {

@@ -1,6 +1,6 @@
 // The server calls one provider from several threads at once.
 
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

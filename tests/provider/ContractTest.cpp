@@ -1,7 +1,7 @@
 // What every class of the provider must do, run for each class. A class joins by one line in `Classes`.
 
-#include "tests/testing/CimText.h"
-#include "tests/testing/Machine.h"
+#include "tests/testing/CimLines.h"
+#include "tests/testing/FullTable.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 
@@ -19,7 +19,7 @@ namespace
 struct ServedClass
 {
     const char* name;
-    std::size_t instances; ///< over `machine()`
+    std::size_t instances; ///< over `fullTable()`
 };
 
 const ServedClass Classes[] = {
@@ -78,7 +78,7 @@ protected:
         EXPECT_EQ(got(path).calls, emptyAnswer) << text(path.toString());
     }
 
-    ServedTable table{machine()};
+    ServedTable table{fullTable()};
     TestProvider provider;
 };
 }

@@ -2,7 +2,7 @@
 
 #include "provider/SystemProvider.h"
 #include "support/smbios/SmBios.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

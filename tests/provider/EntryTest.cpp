@@ -2,7 +2,7 @@
 
 #include "provider/SimpleInstanceResponseHandler.h"
 #include "provider/SystemProvider.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 
 #include <Pegasus/Common/CIMPropertyList.h>

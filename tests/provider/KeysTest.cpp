@@ -1,6 +1,6 @@
 // The keys of every class, as they stand in the path of a delivered instance.
 
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

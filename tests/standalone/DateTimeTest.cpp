@@ -1,4 +1,4 @@
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 
 #include <Pegasus/Common/CIMDateTime.h>
 #include <Pegasus/Common/Config.h>

@@ -1,4 +1,4 @@
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 
 #include <Pegasus/Common/CIMInstance.h>
 #include <Pegasus/Common/CIMParamValue.h>

@@ -1,6 +1,6 @@
 // What holds for this project's own CIM library only.
 
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 
 #include <Pegasus/Common/Array.h>
 #include <Pegasus/Common/CIMInstance.h>

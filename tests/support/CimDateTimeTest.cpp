@@ -1,7 +1,7 @@
 #include "support/pegasus/CimDateTime.h"
 
 #include "tests/support/TimeZone.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 
 #include <cstring>
 #include <gtest/gtest.h>

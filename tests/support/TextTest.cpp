@@ -1,7 +1,7 @@
 #include "support/common/Text.h"
 
 #include "support/pegasus/CimText.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 
 #include <gtest/gtest.h>
 #include <string>

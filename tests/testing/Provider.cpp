@@ -1,6 +1,6 @@
 #include "tests/testing/Provider.h"
 
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 
 #include <Pegasus/Common/CIMPropertyList.h>
 #include <Pegasus/Common/CIMType.h>

@@ -1,10 +1,10 @@
-#include "tests/inventory/Facts.h"
+#include "tests/oracle/Facts.h"
 
 #include "inventory/BaseBoard.h"
 #include "inventory/Cache.h"
 #include "inventory/Chassis.h"
 #include "support/pegasus/CimText.h"
-#include "tests/testing/CimText.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

@@ -1,6 +1,6 @@
-#include "tests/testing/Machine.h"
+#include "tests/testing/FullTable.h"
 
-TableBuilder machine()
+TableBuilder fullTable()
 {
     TableBuilder table;
     table.type(0)

@@ -2,11 +2,11 @@
 // rare codes and for fields that are not there, both must say the same of every field. Where they do not,
 // KnownDifferences says why.
 
-#include "tests/inventory/Dmidecode.h"
-#include "tests/inventory/Facts.h"
-#include "tests/inventory/KnownDifferences.h"
 #include "tests/inventory/SampleTables.h"
-#include "tests/testing/CimText.h"
+#include "tests/oracle/Dmidecode.h"
+#include "tests/oracle/Facts.h"
+#include "tests/oracle/KnownDifferences.h"
+#include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 

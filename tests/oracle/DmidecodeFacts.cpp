@@ -1,6 +1,6 @@
-#include "tests/inventory/Facts.h"
+#include "tests/oracle/Facts.h"
 
-#include "tests/inventory/Dmidecode.h"
+#include "tests/oracle/Dmidecode.h"
 
 #include <algorithm>
 #include <cstdio>

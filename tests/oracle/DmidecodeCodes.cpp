@@ -1,6 +1,6 @@
 // The meanings of codes, in the words of dmidecode 3.4 (Debian 12).
 
-#include "tests/inventory/Facts.h"
+#include "tests/oracle/Facts.h"
 
 #include <map>
 

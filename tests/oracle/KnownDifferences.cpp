@@ -1,4 +1,4 @@
-#include "tests/inventory/KnownDifferences.h"
+#include "tests/oracle/KnownDifferences.h"
 
 #include <map>
 

@@ -1,4 +1,4 @@
-#include "tests/inventory/Dmidecode.h"
+#include "tests/oracle/Dmidecode.h"
 
 #include <cstdio>
 #include <sstream>
