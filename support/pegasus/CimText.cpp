@@ -1,7 +1,5 @@
 #include "support/pegasus/CimText.h"
 
-#include "support/common/Text.h"
-
 #include <vector>
 
 namespace VQ

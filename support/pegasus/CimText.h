@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/common/Export.h"
+#include "support/common/Text.h" // make_string of narrow text: without it a null pointer would be taken for a CIM string
 
 #include <Pegasus/Common/Config.h>
 #include <Pegasus/Common/String.h>
