@@ -16,8 +16,10 @@
 /// list. Where the SMBIOS table is there but can't be read (only root may), and for an OEM string whose text between
 /// "-[" and "]-" is a single character, a C++ exception (a std::exception whose text tells the reason) leaves `init`;
 /// the first kind also leaves `getCSModel`, `getCSDescription`, `getModel` and `getBBConfigurationOptions`. C can't
-/// catch it: the program ends by std::terminate, which prints the text. A table whose language or configuration-option
-/// structure announces 255 texts keeps `init` or `getBBConfigurationOptions` from ever returning.
+/// catch it: the program ends by std::terminate, which prints the text. A table whose language structure (or, without
+/// one, whose system structure, else BIOS structure, at the same byte, the number of the manufacturer's text) announces
+/// 255 texts keeps `init` from ever returning, and a configuration-option structure that does so
+/// `getBBConfigurationOptions`.
 ///
 /// An index counts from 0 and is not checked: it must be below the matching count.
 ///

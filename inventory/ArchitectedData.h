@@ -12,7 +12,8 @@ struct ArchitectedVersion
     std::string version;     ///< as many characters from the dash on as stand before it; empty without a dash
 };
 
-/// Splits architected data. Neither part keeps a dash or a blank at its ends.
+/// Splits architected data. Both parts lose all their dashes and then the blanks at their ends; a part of nothing but
+/// blanks stays as it is.
 ArchitectedVersion splitArchitectedVersion(const std::string& architected);
 
 }

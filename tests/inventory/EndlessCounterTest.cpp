@@ -1,5 +1,6 @@
-// A structure that announces 255 strings makes an 8-bit counter wrap that never passes its limit. Consumers know the
-// system by this; a counter that is "corrected" shows here.
+// A structure that announces 255 strings makes an 8-bit counter wrap that never passes its limit: the request grows
+// until memory ends, as the documents for administrators and callers say. A wider counter would make them untrue; it
+// shows here.
 
 #include "inventory/BaseBoard.h"
 #include "inventory/Bios.h"
@@ -75,6 +76,12 @@ TEST_F(EndlessCounter, LanguageListOf255GrowsUntilMemoryEnds)
 TEST_F(EndlessCounter, LanguageCountOf255IsReadFromType1WhereType13IsMissing)
 {
     const ServedTable served(TableBuilder().type(0).type(1).byte(0x04, 255));
+    EXPECT_EXIT(exitByTheEndOf(VQ::GetBiosInstance), testing::ExitedWithCode(MemoryExhausted), "");
+}
+
+TEST_F(EndlessCounter, LanguageCountOf255IsReadFromType0WhereType1IsMissingToo)
+{
+    const ServedTable served(TableBuilder().type(0).byte(0x04, 255));
     EXPECT_EXIT(exitByTheEndOf(VQ::GetBiosInstance), testing::ExitedWithCode(MemoryExhausted), "");
 }
 
