@@ -45,7 +45,7 @@ std::string classHelp()
     for (const ClassInfo& served : servedClasses())
         text += "  " + std::string(served.name) + std::string(26 - std::string(served.name).size(), ' ') +
                 served.title + "\n";
-    return text + "\nExit code: 0 done, 1 a request failed, 2 the command line is wrong.";
+    return text + "\nExit code: 0 done, 1 a request failed or a problem was found, 2 the command line is wrong.";
 }
 
 // What CLI11 stores the command line in.
@@ -63,6 +63,7 @@ struct Parser
     CLI::App* names = nullptr;
     CLI::App* get = nullptr;
     CLI::App* invoke = nullptr;
+    CLI::App* check = nullptr;
 
     Parser()
     {
@@ -75,7 +76,7 @@ struct Parser
         app.set_help_flag("--help,-h", "print this text");
         app.set_version_flag("--version", versionText(), "print the version, the width and the CIM library");
         app.add_option("CLASS", result.classes, "classes to show, in any letter case")->type_name("");
-        app.add_option("--format", format, "text, json or mof (names, invoke: text or json)")
+        app.add_option("--format", format, "text, json or mof (names, invoke, check: text or json)")
             ->type_name("FORMAT")
             ->check(CLI::IsMember(FormatNames).description(""));
         dumpOption = app.add_option("--from-dump", dumpFile,
@@ -97,7 +98,8 @@ struct Parser
         invoke->add_option("CLASS", result.className, "the class of the method")->required()->type_name("");
         invoke->add_option("METHOD", result.method, "the method")->required()->type_name("");
         invoke->add_flag("--yes", yes, "do it, although the machine stops");
-        for (CLI::App* command : {names, get, invoke})
+        check = app.add_subcommand("check", "say what is wrong with the SMBIOS table, the module and their answers");
+        for (CLI::App* command : {names, get, invoke, check})
             command->require_subcommand(0);
     }
 };
@@ -164,12 +166,15 @@ Arguments checked(Parser& parser)
         requireName(arguments.method, "method");
         if (!parser.yes)
             refusePowerMethod(arguments);
+    } else if (parser.check->parsed()) {
+        arguments.command = Command::Check;
     }
     arguments.classes = cleanClasses(arguments.classes);
     if (parser.dumpOption->count() > 0)
         arguments.dumpFile = parser.dumpFile;
-    if (arguments.format == Format::Mof && (parser.names->parsed() || parser.invoke->parsed()))
-        throw UsageError("MOF describes instances only; names and invoke print text or json");
+    if (arguments.format == Format::Mof && hasCommand && !parser.get->parsed())
+        throw UsageError(std::string("MOF describes instances only; ") +
+                         (parser.check->parsed() ? "check prints" : "names and invoke print") + " text or json");
     return arguments;
 }
 }

@@ -13,7 +13,8 @@ enum class Command
     Show,
     Names,
     Get,
-    Invoke
+    Invoke,
+    Check
 };
 enum class Format
 {

@@ -1,6 +1,7 @@
 // vqinventory: loads the provider module as a CIM server does and shows people what it serves.
 
 #include "tools/Arguments.h"
+#include "tools/Check.h"
 #include "tools/Commands.h"
 #include "tools/DumpFile.h"
 #include "tools/Module.h"
@@ -43,11 +44,22 @@ int print(const std::string& output, int code)
     return RequestFailed;
 }
 
+int runCheck(const Arguments& arguments)
+{
+    if (arguments.dumpFile)
+        checkDumpFile(*arguments.dumpFile);
+    const CheckResult result = check(arguments);
+    return print(arguments.format == Format::Json ? checkAsJson(result) : checkAsText(result),
+                 problemCount(result) == 0 ? Done : RequestFailed);
+}
+
 int run(const Arguments& arguments)
 {
     if (!arguments.information.empty())
         return print(arguments.information, Done);
     const std::string moduleFile = arguments.moduleFile.empty() ? defaultModuleFile() : arguments.moduleFile;
+    if (arguments.command == Command::Check)
+        return runCheck(arguments);
     std::unique_ptr<SharedLibrary> dumpReader;
     if (arguments.dumpFile) {
         checkDumpFile(*arguments.dumpFile);

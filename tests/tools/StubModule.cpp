@@ -1,6 +1,7 @@
 // A provider module that gives the answers which the real one never gives. The environment steers it:
 //   VQ_STUB_CREATE   what PegasusCreateProvider does: null, throw, methods-only; initialize-throws
 //   VQ_STUB_STATUS   the return value of the methods; 0 unless told
+//   VQ_STUB_DIES     the class that ends the process when it is asked for
 //   VQ_STUB_LOG      the file that every method call is written to
 
 #include <Pegasus/Common/CIMDateTime.h>
@@ -127,6 +128,8 @@ public:
                             const CIMPropertyList&, InstanceResponseHandler& handler) override
     {
         const std::string name = narrow(path.getClassName().getString());
+        if (name == setting("VQ_STUB_DIES"))
+            std::abort();
         handler.processing();
         if (name == "QORTAL_BIOS")
             handler.deliver(versionless());
