@@ -35,7 +35,7 @@ std::unique_ptr<unsigned char[]> exactCopy(const unsigned char* data, std::size_
 bool isEntryPoint(const unsigned char* data, std::size_t size)
 {
     const auto copy = exactCopy(data, size);
-    return isEntryPoint64(copy.get(), size) || isEntryPoint32(copy.get(), size);
+    return isEntryPoint64(copy.get(), size) || isEntryPoint32(copy.get(), size) || isEntryPointDmi(copy.get(), size);
 }
 
 void checkTable(const SmBios::Table& table)

@@ -37,10 +37,10 @@ void checkDumpFile(const std::string& file)
     std::string anchor(AnchorSize, '\0');
     in.read(anchor.data(), AnchorSize);
     anchor.resize(static_cast<std::size_t>(in.gcount()));
-    if (anchor != "_SM3_" && anchor.substr(0, 4) != "_SM_")
+    if (anchor != "_SM3_" && anchor.substr(0, 4) != "_SM_" && anchor != "_DMI_")
         throw LoadError(file +
-                        " is not an SMBIOS dump: expected \"_SM3_\" (5F 53 4D 33 5F) or \"_SM_\" (5F 53 4D 5F) "
-                        "at its start, found" +
+                        " is not an SMBIOS dump: expected \"_SM3_\" (5F 53 4D 33 5F), \"_SM_\" (5F 53 4D 5F) or "
+                        "\"_DMI_\" (5F 44 4D 49 5F) at its start, found" +
                         hexBytes(anchor));
 }
 

@@ -13,18 +13,24 @@ namespace VQ
 
 namespace
 {
+// Offsets of the entry point of version 2.0, "_DMI_".
+namespace FormDmi
+{
+constexpr std::size_t TableLength = 0x06;
+constexpr std::size_t TableAddress = 0x08;
+constexpr std::size_t StructureCount = 0x0C;
+constexpr std::size_t Version = 0x0E; // in BCD
+constexpr std::size_t Size = 0x0F;
+}
+
 // Offsets of the 32-bit entry point, "_SM_".
 namespace Form32
 {
 constexpr std::size_t Length = 0x05;
 constexpr std::size_t MajorVersion = 0x06;
 constexpr std::size_t MinorVersion = 0x07;
-constexpr std::size_t Intermediate = 0x10; // "_DMI_", a part with a checksum of its own
-constexpr std::size_t TableLength = 0x16;
-constexpr std::size_t TableAddress = 0x18;
-constexpr std::size_t StructureCount = 0x1C;
+constexpr std::size_t Intermediate = 0x10;   // the form of version 2.0, with its own checksum, tells of the table
 constexpr std::size_t SmallestLength = 0x1E; // version 2.1 of the standard gave 1Eh by mistake, and firmware followed
-constexpr std::size_t IntermediateSize = 0x0F;
 }
 
 // Offsets of the 64-bit entry point, "_SM3_".
@@ -68,6 +74,13 @@ std::string hexBytes(const unsigned char* data, std::size_t size)
     }
     return text.empty() ? "nothing" : text;
 }
+
+void readTablePlace(const unsigned char* dmi, EntryPoint& entryPoint)
+{
+    entryPoint.tableLength = static_cast<std::uint32_t>(littleEndian(dmi + FormDmi::TableLength, 2));
+    entryPoint.tableAddress = littleEndian(dmi + FormDmi::TableAddress, 4);
+    entryPoint.structureCount = static_cast<std::uint32_t>(littleEndian(dmi + FormDmi::StructureCount, 2));
+}
 }
 
 bool isEntryPoint64(const unsigned char* data, std::size_t size)
@@ -89,7 +102,12 @@ bool isEntryPoint32(const unsigned char* data, std::size_t size)
     // and its checksum can't be told.
     return length >= Form32::SmallestLength && length <= size && checksumHolds(data, length) &&
            beginsWith(intermediate, intermediateSize, "_DMI_") &&
-           (intermediateSize < Form32::IntermediateSize || checksumHolds(intermediate, Form32::IntermediateSize));
+           (intermediateSize < FormDmi::Size || checksumHolds(intermediate, FormDmi::Size));
+}
+
+bool isEntryPointDmi(const unsigned char* data, std::size_t size)
+{
+    return size >= FormDmi::Size && beginsWith(data, size, "_DMI_") && checksumHolds(data, FormDmi::Size);
 }
 
 EntryPoint parseEntryPoint(const RawTables& raw)
@@ -105,13 +123,15 @@ EntryPoint parseEntryPoint(const RawTables& raw)
     } else if (isEntryPoint32(data, size)) {
         entryPoint.majorVersion = data[Form32::MajorVersion];
         entryPoint.minorVersion = data[Form32::MinorVersion];
-        entryPoint.tableLength = static_cast<std::uint32_t>(littleEndian(data + Form32::TableLength, 2));
-        entryPoint.tableAddress = littleEndian(data + Form32::TableAddress, 4);
-        entryPoint.structureCount = static_cast<std::uint32_t>(littleEndian(data + Form32::StructureCount, 2));
+        readTablePlace(data + Form32::Intermediate, entryPoint);
+    } else if (isEntryPointDmi(data, size)) {
+        entryPoint.majorVersion = data[FormDmi::Version] >> 4;
+        entryPoint.minorVersion = data[FormDmi::Version] & 0x0F;
+        readTablePlace(data, entryPoint);
     } else {
         throw SmBiosError(raw.origin +
-                          ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F) or \"_SM_\" "
-                          "(5F 53 4D 5F) of an intact entry point, found " +
+                          ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F), \"_SM_\" "
+                          "(5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) of an intact entry point, found " +
                           hexBytes(data, size));
     }
     return entryPoint;

@@ -63,9 +63,12 @@ RawTables readMemory(const std::string& device)
     const std::vector<unsigned char> area = memory.readAt(AreaAddress, AreaSize);
     RawTables raw;
     raw.origin = device;
-    raw.entryPoint = findEntryPoint(area, isEntryPoint64);
-    if (raw.entryPoint.empty())
-        raw.entryPoint = findEntryPoint(area, isEntryPoint32);
+    // The newest form first: firmware leaves older ones beside it for older readers, and they may tell less.
+    for (const EntryPointTest test : {isEntryPoint64, isEntryPoint32, isEntryPointDmi}) {
+        raw.entryPoint = findEntryPoint(area, test);
+        if (!raw.entryPoint.empty())
+            break;
+    }
     if (raw.entryPoint.empty())
         return {};
     const EntryPoint entryPoint = parseEntryPoint(raw);

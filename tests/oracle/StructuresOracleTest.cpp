@@ -173,10 +173,12 @@ TEST(Dmidecode, ReadsTheSameStructuresOfABuiltTable)
     table.type(11).byte(0x04, 3).string("AA 00").string("B").string(std::string(15, 'C'));
     table.type(126).handle(0xFEFE).length(0x40);
     table.type(127);
-    for (const bool form64 : {false, true}) {
-        if (form64)
-            table.form64().version(3, 2);
-        const std::string dump = writeTemporaryFile(table.dump());
+    TableBuilder form64 = table;
+    TableBuilder formDmi = table;
+    form64.form64().version(3, 2);
+    formDmi.formDmi().version(2, 0);
+    for (const TableBuilder& form : {table, form64, formDmi}) {
+        const std::string dump = writeTemporaryFile(form.dump());
         expectSameStructures(dump);
         std::filesystem::remove(dump);
     }

@@ -33,7 +33,13 @@ TableBuilder& TableBuilder::version(std::uint8_t major, std::uint8_t minor)
 
 TableBuilder& TableBuilder::form64()
 {
-    _form64 = true;
+    _form = Form::Bits64;
+    return *this;
+}
+
+TableBuilder& TableBuilder::formDmi()
+{
+    _form = Form::Dmi;
     return *this;
 }
 
@@ -112,7 +118,7 @@ std::vector<unsigned char> TableBuilder::structures() const
 std::vector<unsigned char> TableBuilder::entryPoint(std::size_t tableSize) const
 {
     std::vector<unsigned char> bytes(DumpTableOffset);
-    if (_form64) {
+    if (_form == Form::Bits64) {
         std::memcpy(bytes.data(), "_SM3_", 5);
         bytes[0x06] = 0x18; // length
         bytes[0x07] = _major;
@@ -121,6 +127,13 @@ std::vector<unsigned char> TableBuilder::entryPoint(std::size_t tableSize) const
         put(bytes, 0x0C, tableSize, 4);
         put(bytes, 0x10, DumpTableOffset, 8);
         setChecksum(bytes, 0, 0x18, 0x05);
+    } else if (_form == Form::Dmi) {
+        std::memcpy(bytes.data(), "_DMI_", 5);
+        put(bytes, 0x06, tableSize, 2);
+        put(bytes, 0x08, DumpTableOffset, 4);
+        put(bytes, 0x0C, _structures.size(), 2);
+        bytes[0x0E] = static_cast<unsigned char>(_major << 4 | _minor);
+        setChecksum(bytes, 0, 0x0F, 0x05);
     } else {
         std::memcpy(bytes.data(), "_SM_", 4);
         bytes[0x05] = 0x1F; // length

@@ -14,7 +14,8 @@ class TableBuilder
 {
 public:
     TableBuilder& version(std::uint8_t major, std::uint8_t minor); ///< of the entry point; 2.4 unless told
-    TableBuilder& form64(); ///< a 64-bit entry point (`_SM3_`) in place of the 32-bit one
+    TableBuilder& form64();  ///< a 64-bit entry point (`_SM3_`) in place of the 32-bit one
+    TableBuilder& formDmi(); ///< an entry point of version 2.0 (`_DMI_`) in its place
 
     TableBuilder& type(std::uint8_t type); ///< begins a structure; handles count up from 0
     TableBuilder& handle(std::uint16_t handle);
@@ -39,6 +40,11 @@ private:
 
     std::uint8_t _major = 2;
     std::uint8_t _minor = 4;
-    bool _form64 = false;
+    enum class Form
+    {
+        Bits32,
+        Bits64,
+        Dmi
+    } _form = Form::Bits32;
     std::vector<Structure> _structures;
 };

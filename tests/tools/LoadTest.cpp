@@ -35,8 +35,8 @@ ToolRun runDump(const std::string& file)
     return runTool({"--from-dump", file, "QORTAL_Slot"});
 }
 
-constexpr const char* NotADump = " is not an SMBIOS dump: expected \"_SM3_\" (5F 53 4D 33 5F) or \"_SM_\" "
-                                 "(5F 53 4D 5F) at its start, found ";
+constexpr const char* NotADump = " is not an SMBIOS dump: expected \"_SM3_\" (5F 53 4D 33 5F), \"_SM_\" "
+                                 "(5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) at its start, found ";
 }
 
 TEST(ToolModule, AMissingModuleIsReportedWithTheLoadersReason)
@@ -114,13 +114,14 @@ TEST(ToolModule, IsFoundByALink)
     EXPECT_EQ(run.exitCode, 0);
 }
 
-TEST(ToolDump, BothFormsOfTheEntryPointAreServed)
+TEST(ToolDump, EveryFormOfTheEntryPointIsServed)
 {
     TableBuilder table;
     table.type(9).string(0x04, "PCI 1").type(127);
     const TemporaryFile form32{table};
     const TemporaryFile form64{table.form64()};
-    for (const TemporaryFile* dump : {&form32, &form64}) {
+    const TemporaryFile formDmi{table.formDmi()};
+    for (const TemporaryFile* dump : {&form32, &form64, &formDmi}) {
         const ToolRun run = runTool({"names", "QORTAL_Slot", "--from-dump", dump->name()});
         EXPECT_EQ(run.output, "QORTAL_Slot.CreationClassName=\"QORTAL_Slot\",Tag=\"PCI 1\"\n") << run.errors;
     }
@@ -164,8 +165,9 @@ TEST(ToolDump, ADamagedEntryPointIsReportedByTheModule)
     bytes[0x04] = 0xEE; // the checksum
     const TemporaryFile dump{bytes};
     expectFailure(runDump(dump.name()), "CIM_ERR_FAILED: QORTAL_Slot: " + dump.name() +
-                                            ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F) "
-                                            "or \"_SM_\" (5F 53 4D 5F) of an intact entry point, found 5F 53 4D 5F EE");
+                                            ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F), "
+                                            "\"_SM_\" (5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) of an intact "
+                                            "entry point, found 5F 53 4D 5F EE");
 }
 
 TEST(ToolDump, ADamagedTableCostsTheOperatingSystemNothing)

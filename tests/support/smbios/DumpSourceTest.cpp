@@ -62,6 +62,16 @@ TEST(DumpSource, ServesADumpOfThe64BitForm)
     EXPECT_EQ(smBios.getTables().size(), 2u);
 }
 
+TEST(DumpSource, ServesADumpOfVersion20)
+{
+    const ServedTable served(smallTable().formDmi().version(2, 0));
+    const SmBios smBios;
+    EXPECT_EQ(smBios.getMajorVersion(), 2);
+    EXPECT_EQ(smBios.getMinorVersion(), 0);
+    ASSERT_EQ(smBios.getTables().size(), 2u);
+    EXPECT_STREQ(smBios.getTables()[0].getString(1), "L1");
+}
+
 TEST(DumpSource, ReadsTheFileAnewForEachReader)
 {
     ServedTable served(smallTable());
@@ -104,15 +114,17 @@ TEST(DumpSource, DirectoryIsAnError)
 TEST(DumpSource, FileThatIsNoDumpIsAnErrorThatTellsWhichBytesWereExpected)
 {
     const ServedFile dump({'M', 'Z', 0x90, 0, 3, 0, 0});
-    EXPECT_EQ(errorText(), dump.file + ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F) or "
-                                       "\"_SM_\" (5F 53 4D 5F) of an intact entry point, found 4D 5A 90 00 03");
+    EXPECT_EQ(errorText(), dump.file + ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F), "
+                                       "\"_SM_\" (5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) of an intact entry "
+                                       "point, found 4D 5A 90 00 03");
 }
 
 TEST(DumpSource, EmptyFileIsAnErrorToo)
 {
     const ServedFile dump({});
-    EXPECT_EQ(errorText(), dump.file + ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F) or "
-                                       "\"_SM_\" (5F 53 4D 5F) of an intact entry point, found nothing");
+    EXPECT_EQ(errorText(), dump.file + ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F), "
+                                       "\"_SM_\" (5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) of an intact entry "
+                                       "point, found nothing");
 }
 
 TEST(DumpSource, TableBeyondTheEndOfTheFileIsAnError)

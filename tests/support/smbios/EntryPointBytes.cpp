@@ -38,6 +38,18 @@ Bytes entryPoint32(std::uint32_t tableAddress, std::uint16_t tableLength, std::u
     return bytes;
 }
 
+Bytes entryPointDmi(std::uint32_t tableAddress, std::uint16_t tableLength, std::uint16_t structureCount)
+{
+    Bytes bytes(0x0F);
+    std::memcpy(&bytes[0x00], "_DMI_", 5);
+    put(bytes, 0x06, tableLength, 2);
+    put(bytes, 0x08, tableAddress, 4);
+    put(bytes, 0x0C, structureCount, 2);
+    bytes[0x0E] = 0x20; // version in BCD
+    setChecksum(bytes, 0x00, 0x0F, 0x05);
+    return bytes;
+}
+
 Bytes entryPoint64(std::uint64_t tableAddress, std::uint32_t maximumLength)
 {
     Bytes bytes(0x18);

@@ -19,6 +19,11 @@ bool accepts64(const Bytes& bytes)
     return isEntryPoint64(bytes.data(), bytes.size());
 }
 
+bool acceptsDmi(const Bytes& bytes)
+{
+    return isEntryPointDmi(bytes.data(), bytes.size());
+}
+
 EntryPoint parsed(const Bytes& bytes)
 {
     return parseEntryPoint({"the file", bytes, {}});
@@ -52,9 +57,8 @@ Bytes changed64(std::size_t offset, unsigned char value)
     return bytes;
 }
 
-const char* const Expected =
-    "the file: no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F) or \"_SM_\" "
-    "(5F 53 4D 5F) of an intact entry point, found ";
+const char* const Expected = "the file: no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F), \"_SM_\" "
+                             "(5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) of an intact entry point, found ";
 }
 
 TEST(EntryPoint32, TellsVersionAddressLengthAndCount)
@@ -75,6 +79,25 @@ TEST(EntryPoint64, TellsVersionAddressAndMaximumLengthAndHasNoCount)
     EXPECT_EQ(entryPoint.tableAddress, 0x123456789ABCDEF0u);
     EXPECT_EQ(entryPoint.tableLength, 0x89ABCDEFu);
     EXPECT_EQ(entryPoint.structureCount, EntryPoint::NoCount);
+}
+
+TEST(EntryPointDmi, TellsVersionAddressLengthAndCount)
+{
+    const EntryPoint entryPoint = parsed(entryPointDmi(0xFEDC1234, 0xABCD, 0x0123));
+    EXPECT_EQ(entryPoint.majorVersion, 2);
+    EXPECT_EQ(entryPoint.minorVersion, 0);
+    EXPECT_EQ(entryPoint.tableAddress, 0xFEDC1234u);
+    EXPECT_EQ(entryPoint.tableLength, 0xABCDu);
+    EXPECT_EQ(entryPoint.structureCount, 0x0123u);
+}
+
+TEST(EntryPointDmi, VersionIsBcd)
+{
+    Bytes bytes = entryPointDmi(0xE0000, 1000, 20);
+    bytes[0x0E] = 0x31;
+    setChecksum(bytes, 0x00, 0x0F, 0x05);
+    EXPECT_EQ(parsed(bytes).majorVersion, 3);
+    EXPECT_EQ(parsed(bytes).minorVersion, 1);
 }
 
 TEST(EntryPoint32, VersionIsThatOfItsBytesNotOfTheBcdRevision)
@@ -106,6 +129,27 @@ TEST(EntryPoint64, EveryWrongByteUnderTheChecksumIsNoticed)
     EXPECT_TRUE(accepts64(intact));
 }
 
+TEST(EntryPointDmi, EveryWrongByteUnderTheChecksumIsNoticed)
+{
+    const Bytes intact = entryPointDmi(0xE0000, 1000, 20);
+    for (std::size_t i = 0; i < intact.size(); ++i) {
+        Bytes broken = intact;
+        broken[i] = static_cast<unsigned char>(broken[i] ^ 0x01);
+        EXPECT_FALSE(acceptsDmi(broken)) << i;
+    }
+    EXPECT_TRUE(acceptsDmi(intact));
+}
+
+TEST(EntryPointDmi, AnchorMustStandAndMayBeFollowedByAnything)
+{
+    Bytes bytes = entryPointDmi(0xE0000, 1000, 20);
+    bytes.resize(0x20, 0x55);
+    EXPECT_TRUE(acceptsDmi(bytes)) << "bytes after it";
+    bytes[0x04] = '-';
+    setChecksum(bytes, 0x00, 0x0F, 0x05);
+    EXPECT_FALSE(acceptsDmi(bytes));
+}
+
 TEST(EntryPoint32, IntermediatePartHasAChecksumOfItsOwn)
 {
     Bytes bytes = entryPoint32(0xE0000, 1000, 20);
@@ -132,6 +176,8 @@ TEST(EntryPoint32, FormsAreNotTakenForEachOther)
 {
     EXPECT_FALSE(accepts64(entryPoint32(0xE0000, 1000, 20)));
     EXPECT_FALSE(accepts32(entryPoint64(0xE0000, 1000)));
+    EXPECT_FALSE(acceptsDmi(entryPoint32(0xE0000, 1000, 20)));
+    EXPECT_FALSE(accepts32(entryPointDmi(0xE0000, 1000, 20)));
 }
 
 TEST(EntryPoint32, Length1EhOfVersion21IsAccepted)
@@ -196,6 +242,13 @@ TEST(EntryPoint64, CutOffIsRefusedAtEveryLength)
     const Bytes whole = entryPoint64(0xE0000, 1000);
     for (std::size_t size = 0; size < whole.size(); ++size)
         EXPECT_FALSE(accepts64(Bytes(whole.begin(), whole.begin() + static_cast<long>(size)))) << size;
+}
+
+TEST(EntryPointDmi, CutOffIsRefusedAtEveryLength)
+{
+    const Bytes whole = entryPointDmi(0xE0000, 1000, 20);
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_FALSE(acceptsDmi(Bytes(whole.begin(), whole.begin() + static_cast<long>(size)))) << size;
 }
 
 TEST(EntryPoint, ErrorTellsWhereWhatWasExpectedAndWhatStandsThere)

@@ -247,6 +247,15 @@ TEST_F(Sysfs, AnnouncedLengthLimitsTheTable)
     EXPECT_EQ(SmBios().getTables().size(), 0u);
 }
 
+TEST_F(Sysfs, EntryPointOfVersion20IsRead)
+{
+    offer(entryPointDmi(0xE0000, 1000, 2), smallTable().structures());
+    const SmBios smBios;
+    EXPECT_EQ(smBios.getMajorVersion(), 2);
+    EXPECT_EQ(smBios.getMinorVersion(), 0);
+    EXPECT_EQ(smBios.getTables().size(), 2u);
+}
+
 TEST_F(Sysfs, AnnouncedLengthMayBeLongerThanTheTable)
 {
     offer(entryPoint64(0, 0xFFFFFFFF), smallTable().structures());
@@ -341,9 +350,10 @@ TEST_F(Sysfs, DirectoryInPlaceOfAFileIsAnError)
 TEST_F(Sysfs, WhatIsNoEntryPointIsAnErrorThatTellsTheFile)
 {
     offer({'n', 'o', 'n', 'e'}, smallTable().structures());
-    EXPECT_EQ(errorText(), entryPointFile() +
-                               ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F) or \"_SM_\" "
-                               "(5F 53 4D 5F) of an intact entry point, found 6E 6F 6E 65");
+    EXPECT_EQ(errorText(),
+              entryPointFile() +
+                  ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F), \"_SM_\" "
+                  "(5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) of an intact entry point, found 6E 6F 6E 65");
 }
 
 TEST_F(Memory, EntryPointLeadsToTheTable)
@@ -371,6 +381,25 @@ TEST_F(Memory, EntryPointOf64BitsComesBeforeOneOf32)
     place(0xE8000, TableBuilder().type(8).structures());
     place(0xFFFE0, entryPoint64(0xE8000, 1000));
     EXPECT_EQ(read(), "3.2: 8");
+}
+
+TEST_F(Memory, EntryPointOfVersion20CountsWhereThereIsNoOther)
+{
+    place(TableAddress, smallTable().structures());
+    place(0xF0000, entryPointDmi(TableAddress, 15, 2));
+    EXPECT_EQ(read(), "2.0: 7 127");
+    place(0xE8000, TableBuilder().type(8).structures());
+    place(0xFFFE0, entryPoint32(0xE8000, 6, 1));
+    EXPECT_EQ(read(), "2.4: 8");
+}
+
+TEST_F(Memory, EntryPointOfVersion20CountsInADamagedOneOf32Bits)
+{
+    place(TableAddress, smallTable().structures());
+    Bytes damaged = entryPoint32(TableAddress, 15, 2);
+    damaged[0x06] ^= 0x10; // the version, under the outer checksum only
+    place(0xF1230, damaged);
+    EXPECT_EQ(read(), "2.4: 7 127") << "as its BCD revision says";
 }
 
 TEST_F(Memory, EntryPointIsFoundAtBothEndsOfTheArea)
