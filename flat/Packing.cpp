@@ -34,8 +34,8 @@ void* packI(void* buffer, int value)
 void* packS(void* buffer, std::string value)
 {
     char* text = putHead(buffer, TagString, static_cast<std::uint32_t>(value.size()));
-    // Up to the first zero byte only; what the text holds after it is counted and not copied. Kept for callers that
-    // step over values by their length.
+    // Up to the first zero byte only; what the text holds after it is counted and not copied: callers step over a
+    // value by its length, and read its text up to the zero byte.
     std::strcpy(text, value.c_str());
     return text + value.size() + 1;
 }

@@ -21,8 +21,8 @@ ArchitectedVersion splitArchitectedVersion(const std::string& architected)
     const std::size_t dash = architected.find('-');
     if (dash == std::string::npos)
         return {withoutDashes(architected), ""};
-    // The version's length is the dash's position, not what remains of the text. Callers know the versions that this
-    // gives (AB-1.05 has version 1); it is not to be corrected.
+    // The version's length is the dash's position, not what remains of the text: AB-1.05 has version 1. Callers compare
+    // versions between machines and over time; a longer one would look like other firmware.
     return {withoutDashes(architected.substr(0, dash)), withoutDashes(architected.substr(dash, dash))};
 }
 

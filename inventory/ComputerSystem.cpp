@@ -25,7 +25,8 @@ ProductName systemProductName()
 {
     const SmBios smBios;
     const auto& tables = smBios.getTables();
-    // Counted in 8 bits on purpose: callers know a table of 256 structures by its empty model.
+    // Counted in 8 bits on purpose: with 256 structures none is examined, with 257 only the first. Management software
+    // recognises a machine by this model, so a machine must not come to have another one.
     const auto count = static_cast<std::uint8_t>(tables.size());
     for (std::uint8_t i = 0; i < count; ++i) {
         if (tables[i].getType() != 1)
@@ -43,8 +44,9 @@ ComputerSystem::ComputerSystem()
     if (!library.load())
         return;
     const auto guest = reinterpret_cast<Probe>(library.getSymbol(GuestSymbol));
-    // The control domain's answer is looked up and never asked; the guest function is asked a second time instead.
-    // Kept: management software knows virtual type 2 by exactly this.
+    // The control domain's function is looked up and never called; the guest function is called a second time instead.
+    // Callers take type 1 for a control domain, too: asking the other function would make it a 2, which they read as a
+    // guest that the probe is not sure of.
     library.getSymbol(ControlSymbol);
     if (guest() != 0) {
         _virtualType = VirtualTypeGuest;

@@ -24,7 +24,8 @@ SmBiosBaseBoard::SmBiosBaseBoard(const SmBios::Table& table)
 {
     const TableType2 board(table);
     readText(_manufacturer, board, 0x04); // Manufacturer
-    // The version is read only where the product can't be. Kept: no board that reads normally has a version.
+    // The version is read only where the product can't be, so a board that reads normally has none. Callers recognise
+    // a board by its texts; one more text would make a known board a new one.
     if (!readText(_product, board, 0x05)) // Product
         readText(_version, board, 0x06);  // Version
     readText(_serialNumber, board, 0x07); // Serial Number

@@ -13,9 +13,9 @@ namespace VQ
 
 namespace
 {
-// Copies the first structure of the type into the holder; a type that is not there leaves the holder as it was. So
-// what is read next comes from the structure found last. Kept: consumers know what a machine without a type 13
-// structure reports as its languages.
+// Copies the first structure of the type into the holder; a type that is not there leaves the holder unchanged. So what
+// is read next comes from the structure found last: a machine without a type 13 structure reports texts of its type 1
+// structure as languages, which is what docs/admin.md tells those who compare them.
 void findInto(SmBios::Table& holder, const SmBios& smBios, std::uint8_t type)
 {
     const auto& tables = smBios.getTables();
@@ -77,7 +77,8 @@ void SmBiosBios::readReleaseDate(const SmBios::Table& bios)
     const char* text = bios.getString(bios.getByte(0x08)); // BIOS Release Date
     if (!text)
         return;
-    // mm/dd/yy or mm/dd/yyyy at fixed positions; a one-digit month or day is misread, and that is kept.
+    // mm/dd/yy or mm/dd/yyyy at fixed positions. A one-digit month or day is misread on purpose: callers tell BIOS
+    // versions apart by this date, so the same table must give the same date (docs/admin.md says what to expect).
     std::string date(text);
     std::replace(date.begin(), date.end(), '/', '\0');
     _releaseDate.setMonth(static_cast<unsigned char>(numberAt(date, 0)));

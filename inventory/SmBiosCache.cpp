@@ -54,7 +54,8 @@ SmBiosCache::SmBiosCache(const SmBios::Table& table)
     _maximumSize = kilobytes(cache.getWord(0x07));       // Maximum Cache Size
     const std::uint16_t installed = cache.getWord(0x09); // Installed Size
     _size = kilobytes(installed);
-    // The block count stays in units of the granularity while the size is scaled; consumers multiply by themselves.
+    // The block count stays in units of the granularity while the size is scaled. Callers multiply it by that unit
+    // themselves; a scaled count would be multiplied twice.
     _numberOfBlocks = installed & CountBits;
     _designation = designationOf(cache);
     _purpose = designationOf(cache);

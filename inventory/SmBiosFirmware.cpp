@@ -21,7 +21,8 @@ bool announcesFirmware(const std::string& architected)
 {
     if (architected.empty())
         return false;
-    // A single character has no position 2: substr throws std::out_of_range, which ends the whole list. Kept.
+    // A single character has no position 2: substr throws std::out_of_range, which ends the whole list. Callers are
+    // told of it (flat/systemprovider.h): a list that can't be read fails, it is never a list that lacks an element.
     const std::string code = architected.substr(2, 2);
     return std::find(FirmwareCodes.begin(), FirmwareCodes.end(), code) != FirmwareCodes.end();
 }

@@ -30,8 +30,8 @@ struct sysinfo kernelFigures()
     return figures;
 }
 
-// mem_unit is left out on purpose: a kernel that counts in larger units reports figures that are too small by that
-// factor, and consumers know it.
+// mem_unit is left out on purpose: where the kernel counts in larger units, the figures are too small by that factor.
+// Callers that meet such a machine multiply by themselves (docs/admin.md says when), and would do so once too often.
 unsigned long long kibibytes(unsigned long bytes)
 {
     return bytes >> 10;
