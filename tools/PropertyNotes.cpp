@@ -1,70 +1,47 @@
 #include "tools/PropertyNotes.h"
 
-#include "tools/CodeTexts.h"
+#include "tools/Schema.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
+#include <map>
 
 namespace VQ::Tool
 {
 
 namespace
 {
-enum class Show
-{
-    Plain,
-    Hexadecimal
+// How people write the units of the schema.
+const std::map<std::string, const char*> UnitTexts = {
+    {"KiloBytes", "KB"},  {"byte * 2^10", "KiB"}, {"byte", "bytes"},
+    {"Blocks", "blocks"}, {"minute", "minutes"},  {"second * 10^-9", "ns"},
 };
 
-struct Note
+const SchemaProperty* propertyOf(const std::string& className, const std::string& name)
 {
-    const char* className;
-    const char* property;
-    const char* unit;
-    const CodeTexts* codes;
-    Show show = Show::Plain;
-};
-
-const Note Notes[] = {
-    {"QORTAL_ComputerSystem", "VirtualType", "", &VirtualTypes},
-    {"QORTAL_BIOS", "SoftwareElementState", "", &SoftwareElementStates},
-    {"QORTAL_BIOS", "TargetOperatingSystem", "", &OperatingSystems},
-    {"QORTAL_BIOS", "LoadedStartingAddress", "", nullptr, Show::Hexadecimal},
-    {"QORTAL_BIOS", "LoadedEndingAddress", "", nullptr, Show::Hexadecimal},
-    {"QORTAL_CacheMemory", "Associativity", "", &CacheAssociativities},
-    {"QORTAL_CacheMemory", "CacheType", "", &CacheTypes},
-    {"QORTAL_CacheMemory", "Level", "", &CacheLevels},
-    {"QORTAL_CacheMemory", "WritePolicy", "", &CacheWritePolicies},
-    {"QORTAL_CacheMemory", "Location", "", &CacheLocations},
-    {"QORTAL_CacheMemory", "CacheSpeed", "ns", &UnknownWhenZero},
-    {"QORTAL_CacheMemory", "MaximumInstallableSize", "KB", nullptr},
-    {"QORTAL_CacheMemory", "InstalledSize", "KB", nullptr},
-    {"QORTAL_Port", "PortType", "", &PortTypes},
-    {"QORTAL_Port", "ConnectorType", "", &ConnectorTypes},
-    {"QORTAL_OperatingSystem", "OSType", "", &OperatingSystems},
-    {"QORTAL_OperatingSystem", "CurrentTimeZone", "minutes", nullptr},
-    {"QORTAL_OperatingSystem", "FreePhysicalMemory", "KiB", nullptr},
-    {"QORTAL_OperatingSystem", "FreeSpaceInPagingFiles", "KiB", nullptr},
-    {"QORTAL_OperatingSystem", "FreeVirtualMemory", "KiB", nullptr},
-    {"QORTAL_OperatingSystem", "MaxProcessMemorySize", "KiB", nullptr},
-    {"QORTAL_OperatingSystem", "SizeStoredInPagingFiles", "KiB", nullptr},
-    {"QORTAL_OperatingSystem", "TotalSwapSpaceSize", "KiB", nullptr},
-    {"QORTAL_OperatingSystem", "TotalVirtualMemorySize", "KiB", nullptr},
-    {"QORTAL_OperatingSystem", "TotalVisibleMemorySize", "KiB", nullptr},
-    {"QORx_SystemMemory", "BlockSize", "bytes", nullptr},
-    {"QORx_SystemMemory", "ConsumableBlocks", "blocks", nullptr},
-    {"QORx_SystemMemory", "NumberOfBlocks", "blocks", nullptr},
-    {"QORx_SystemMemory", "StartingAddress", "bytes", nullptr},
-    {"QORx_SystemMemory", "EndingAddress", "bytes", nullptr},
-};
-
-const Note* noteOf(const std::string& className, const std::string& property)
-{
-    const auto* found = std::find_if(std::begin(Notes), std::end(Notes), [&](const Note& note) {
-        return className == note.className && property == note.property;
+    const auto& properties = schemaProperties();
+    const auto found = std::find_if(properties.begin(), properties.end(), [&](const SchemaProperty& property) {
+        return className == property.className && name == property.name;
     });
-    return found == std::end(Notes) ? nullptr : found;
+    return found == properties.end() ? nullptr : &*found;
+}
+
+bool isAddress(const std::string& className, const std::string& name)
+{
+    return className == "QORTAL_BIOS" && (name == "LoadedStartingAddress" || name == "LoadedEndingAddress");
+}
+
+bool isUnknownWhenZero(const std::string& className, const std::string& name)
+{
+    return className == "QORTAL_CacheMemory" && name == "CacheSpeed";
+}
+
+std::string hexadecimal(std::uint64_t number)
+{
+    char text[19];
+    std::snprintf(text, sizeof text, "0x%llX", static_cast<unsigned long long>(number));
+    return text;
 }
 
 bool allDigits(const std::string& text)
@@ -75,25 +52,27 @@ bool allDigits(const std::string& text)
 
 std::string unitOf(const std::string& className, const std::string& property)
 {
-    const Note* note = noteOf(className, property);
-    return note ? note->unit : "";
+    const SchemaProperty* known = propertyOf(className, property);
+    if (!known)
+        return "";
+    const auto found = UnitTexts.find(known->unit);
+    return found == UnitTexts.end() ? known->unit : found->second;
 }
 
 std::string meaningOf(const std::string& className, const std::string& property, const Scalar& value)
 {
-    const Note* note = noteOf(className, property);
     const auto* number = std::get_if<std::uint64_t>(&value);
-    if (!note || !number)
+    if (!number)
         return "";
-    if (note->show == Show::Hexadecimal) {
-        char text[19];
-        std::snprintf(text, sizeof text, "0x%llX", static_cast<unsigned long long>(*number));
-        return text;
-    }
-    if (!note->codes)
+    if (isAddress(className, property))
+        return hexadecimal(*number);
+    if (isUnknownWhenZero(className, property))
+        return *number == 0 ? "unknown" : "";
+    const SchemaProperty* known = propertyOf(className, property);
+    if (!known)
         return "";
-    const auto found = note->codes->find(*number);
-    return found == note->codes->end() ? "" : found->second;
+    const auto found = known->codes.find(*number);
+    return found == known->codes.end() ? known->otherwise : found->second;
 }
 
 std::string readableDateTime(const std::string& cimText)

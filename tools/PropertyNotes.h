@@ -7,12 +7,12 @@
 namespace VQ::Tool
 {
 
-// What a number means to people: units, and the texts of codes. Codes without an entry have no text.
+// What a number means to people: units, and the texts of codes, as the schema has them.
 
 /// "KiB", "ns", "minutes"...; empty for a property without unit.
 std::string unitOf(const std::string& className, const std::string& property);
 
-/// The standard's text for a value of an enumerated property: "L1" for the cache level 3; empty when there is none.
+/// The text of a code: "L1" for the cache level 3; an address in hexadecimal; empty when there is nothing to say.
 std::string meaningOf(const std::string& className, const std::string& property, const Scalar& value);
 
 /// A CIM datetime as people write it: `2005-03-07 12:00:00 +01:00`, without what is unknown; empty when not even the

@@ -71,20 +71,37 @@ private:
     std::size_t _position = 0;
 };
 
-// The qualifier list at the front of a declaration; true when it names Key.
-bool skipQualifiers(Tokens& tokens)
+std::string withoutQuotes(const std::string& token)
 {
-    bool key = false;
+    return token.front() == '"' ? token.substr(1, token.size() - 2) : token;
+}
+
+using Qualifiers = std::map<std::string, std::vector<std::string>>;
+
+// The qualifier list at the front of a declaration; texts that follow each other in parentheses are several.
+Qualifiers readQualifiers(Tokens& tokens)
+{
+    Qualifiers qualifiers;
     tokens.expect("[");
-    for (std::string token = tokens.next(); token != "]"; token = tokens.next())
-        key = key || token == "Key";
-    return key;
+    for (std::string name = tokens.next(); name != "]"; name = tokens.next()) {
+        if (name == ",")
+            continue;
+        std::vector<std::string>& values = qualifiers[name];
+        if (tokens.peek() != "(" && tokens.peek() != "{")
+            continue;
+        const std::string end = tokens.next() == "(" ? ")" : "}";
+        for (std::string token = tokens.next(); token != end; token = tokens.next())
+            if (token != ",")
+                values.push_back(withoutQuotes(token));
+    }
+    return qualifiers;
 }
 
 void readMember(Tokens& tokens, MofClass& into)
 {
     MofProperty property;
-    property.key = skipQualifiers(tokens);
+    property.qualifiers = readQualifiers(tokens);
+    property.key = property.qualifiers.count("Key") != 0;
     property.type = tokens.next();
     property.name = tokens.next();
     if (tokens.peek() == "(") {
@@ -102,10 +119,6 @@ void readMember(Tokens& tokens, MofClass& into)
     tokens.expect(";");
 }
 
-std::string withoutQuotes(const std::string& token)
-{
-    return token.front() == '"' ? token.substr(1, token.size() - 2) : token;
-}
 }
 
 std::vector<MofClass> readMofClasses(const std::string& file)
@@ -114,7 +127,7 @@ std::vector<MofClass> readMofClasses(const std::string& file)
     std::vector<MofClass> classes;
     while (!tokens.atEnd()) {
         MofClass read;
-        skipQualifiers(tokens);
+        readQualifiers(tokens);
         tokens.expect("class");
         read.name = tokens.next();
         tokens.expect(":");

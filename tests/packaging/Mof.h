@@ -12,6 +12,7 @@ struct MofProperty
     std::string name;
     std::string type; ///< "uint16", "string[]"
     bool key = false;
+    std::map<std::string, std::vector<std::string>> qualifiers; ///< name -> texts in brackets, without their quotes
 };
 
 struct MofClass

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
+#include <stdexcept>
 
 extern "C" Pegasus::CIMProvider* PegasusCreateProvider(const Pegasus::String& name);
 
@@ -35,6 +36,42 @@ std::string lower(std::string text)
 {
     std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
     return text;
+}
+
+const MofProperty& schemaOf(const std::string& className, const std::string& name)
+{
+    static const std::vector<MofClass> classes = readMofClasses(ClassesFile);
+    for (const MofClass& mofClass : classes)
+        for (const MofProperty& property : mofClass.properties)
+            if (mofClass.name == className && property.name == name)
+                return property;
+    throw std::runtime_error("no " + className + "." + name + " in the schema");
+}
+
+// The text that a client finds for a code; empty when there is none.
+std::string textOfCode(const char* className, const char* name, unsigned code)
+{
+    const MofProperty& property = schemaOf(className, name);
+    const std::vector<std::string>& codes = property.qualifiers.at("ValueMap");
+    auto found = std::find(codes.begin(), codes.end(), std::to_string(code));
+    if (found == codes.end())
+        found = std::find(codes.begin(), codes.end(), "..");
+    return found == codes.end() ? ""
+                                : property.qualifiers.at("Values").at(static_cast<std::size_t>(found - codes.begin()));
+}
+
+using Texts = std::vector<std::string>;
+
+// What a generic client reads as the unit: Units and PUnit.
+Texts unitsOf(const char* className, const char* name)
+{
+    Texts units;
+    for (const char* qualifier : {"Units", "PUnit"}) {
+        const auto& qualifiers = schemaOf(className, name).qualifiers;
+        const auto found = qualifiers.find(qualifier);
+        units.push_back(found == qualifiers.end() ? "" : found->second.at(0));
+    }
+    return units;
 }
 
 std::vector<MofInstance> registrationsOf(const std::string& className)
@@ -114,6 +151,97 @@ TEST(Schema, OnlyTheOperatingSystemHasMethods)
             expected = {{"Reboot", "uint32"}, {"Shutdown", "uint32"}};
         EXPECT_EQ(mofClass.methods, expected) << mofClass.name;
     }
+}
+
+TEST(Schema, EveryCodeHasExactlyOneText)
+{
+    for (const MofClass& mofClass : readMofClasses(ClassesFile)) {
+        for (const MofProperty& property : mofClass.properties) {
+            if (property.qualifiers.count("ValueMap") == 0)
+                continue;
+            const Texts& codes = property.qualifiers.at("ValueMap");
+            EXPECT_EQ(property.qualifiers.at("Values").size(), codes.size()) << mofClass.name << "." << property.name;
+            EXPECT_EQ(std::set<std::string>(codes.begin(), codes.end()).size(), codes.size())
+                << mofClass.name << "." << property.name;
+            for (const std::string& text : property.qualifiers.at("Values"))
+                EXPECT_NE(text, "") << mofClass.name << "." << property.name;
+        }
+    }
+}
+
+TEST(Schema, EveryByteThatIsHandedOnAsACodeHasAText)
+{
+    for (unsigned code = 0; code < 256; ++code) {
+        EXPECT_NE(textOfCode("QORTAL_CacheMemory", "Associativity", code), "") << code;
+        EXPECT_NE(textOfCode("QORTAL_CacheMemory", "CacheType", code), "") << code;
+        EXPECT_NE(textOfCode("QORTAL_Port", "PortType", code), "") << code;
+        EXPECT_NE(textOfCode("QORTAL_Port", "ConnectorType", code), "") << code;
+    }
+}
+
+TEST(Schema, EveryCodeThatTheModuleMakesHasAText)
+{
+    for (const unsigned code : {0u, 3u, 4u, 5u})
+        EXPECT_NE(textOfCode("QORTAL_CacheMemory", "Level", code), "") << code;
+    for (const unsigned code : {2u, 3u, 4u, 5u})
+        EXPECT_NE(textOfCode("QORTAL_CacheMemory", "WritePolicy", code), "") << code;
+    for (const unsigned code : {0u, 1u, 2u, 3u})
+        EXPECT_NE(textOfCode("QORTAL_CacheMemory", "Location", code), "") << code;
+    for (const unsigned code : {1u, 2u, 3u})
+        EXPECT_NE(textOfCode("QORTAL_ComputerSystem", "VirtualType", code), "") << code;
+    EXPECT_EQ(textOfCode("QORTAL_BIOS", "SoftwareElementState", 3), "Running");
+    EXPECT_EQ(textOfCode("QORTAL_BIOS", "TargetOperatingSystem", 66), "Not Applicable");
+    EXPECT_EQ(textOfCode("QORTAL_OperatingSystem", "OSType", 36), "Linux");
+}
+
+TEST(Schema, CodesOfFirmwareHaveTheTextsOfItsStandard)
+{
+    const auto connector = [](unsigned code) { return textOfCode("QORTAL_Port", "ConnectorType", code); };
+    EXPECT_EQ(connector(0x00), "None");
+    EXPECT_EQ(connector(0x08), "DB-9 pin male");
+    EXPECT_EQ(connector(0x0B), "RJ-45");
+    EXPECT_EQ(connector(0x0F), "PS/2");
+    EXPECT_EQ(connector(0x12), "Access Bus (USB)"); // "ATA-2" to CIM_PhysicalConnector
+    EXPECT_EQ(connector(0x1F), "Mini-jack (headphones)");
+    EXPECT_EQ(connector(0x20), "BNC");
+    EXPECT_EQ(connector(0x22), "SAS/SATA Plug Receptacle");
+    EXPECT_EQ(connector(0x23), "USB Type-C Receptacle");
+    EXPECT_EQ(connector(0x24), "Reserved");
+    EXPECT_EQ(connector(0xA0), "PC-98");
+    EXPECT_EQ(connector(0xA4), "PC-98Full");
+    EXPECT_EQ(connector(0xFF), "Other");
+    const auto port = [](unsigned code) { return textOfCode("QORTAL_Port", "PortType", code); };
+    EXPECT_EQ(port(0x09), "Serial Port 16550A Compatible");
+    EXPECT_EQ(port(0x10), "USB");
+    EXPECT_EQ(port(0x1C), "Video Port");
+    EXPECT_EQ(port(0x1F), "Network Port");
+    EXPECT_EQ(port(0x22), "MFDP (Multi-Function Display Port)");
+    EXPECT_EQ(port(0x23), "Thunderbolt");
+    EXPECT_EQ(port(0xA1), "8251 FIFO Compatible");
+    EXPECT_EQ(port(0xFF), "Other");
+    const auto ways = [](unsigned code) { return textOfCode("QORTAL_CacheMemory", "Associativity", code); };
+    EXPECT_EQ(ways(0x00), "Not Given"); // a structure that is too short to tell
+    EXPECT_EQ(ways(0x07), "8-way Set-Associative");
+    EXPECT_EQ(ways(0x09), "12-way Set-Associative");
+    EXPECT_EQ(ways(0x0E), "20-way Set-Associative");
+    EXPECT_EQ(ways(0x0F), "Reserved");
+    EXPECT_EQ(textOfCode("QORTAL_CacheMemory", "CacheType", 5), "Unified");
+    EXPECT_EQ(textOfCode("QORTAL_CacheMemory", "Location", 1), "External");
+}
+
+TEST(Schema, QuantitiesHaveTheUnitsInWhichTheModuleCounts)
+{
+    for (const char* name :
+         {"FreePhysicalMemory", "FreeSpaceInPagingFiles", "FreeVirtualMemory", "MaxProcessMemorySize",
+          "SizeStoredInPagingFiles", "TotalSwapSpaceSize", "TotalVirtualMemorySize", "TotalVisibleMemorySize"})
+        EXPECT_EQ(unitsOf("QORTAL_OperatingSystem", name), (Texts{"KiloBytes", "byte * 2^10"})) << name;
+    EXPECT_EQ(unitsOf("QORTAL_OperatingSystem", "CurrentTimeZone"), (Texts{"Minutes", "minute"}));
+    // CIM_Memory counts its addresses in kilobytes.
+    for (const char* name : {"BlockSize", "StartingAddress", "EndingAddress"})
+        EXPECT_EQ(unitsOf("QORx_SystemMemory", name), (Texts{"Bytes", "byte"})) << name;
+    EXPECT_EQ(unitsOf("QORTAL_CacheMemory", "CacheSpeed"), (Texts{"NanoSeconds", "second * 10^-9"}));
+    EXPECT_EQ(unitsOf("QORTAL_CacheMemory", "InstalledSize"), (Texts{"KiloBytes", ""}));
+    EXPECT_EQ(unitsOf("QORTAL_CacheMemory", "MaximumInstallableSize"), (Texts{"KiloBytes", ""}));
 }
 
 TEST(Registration, NamesTheModuleAndAProviderThatItCreates)

@@ -102,11 +102,11 @@ TEST_F(Tool, ShowsKeysFirstAndEachInstanceApart)
 TEST_F(Tool, WritesUnitsAndTheMeaningOfCodesBesideTheNumbers)
 {
     const std::string caches = run({"QORTAL_CacheMemory"}).output;
-    for (const char* line : {"    Associativity            7 (8-way)\n", "    CacheType                5 (unified)\n",
-                             "    Level                    4 (L2)\n", "    WritePolicy              3 (write back)\n",
-                             "    CacheSpeed               15 ns\n", "    MaximumInstallableSize   512 KB\n",
-                             "    Location                 0 (internal)\n", "    InstalledSize            256 KB\n",
-                             "    NumberOfBlocks           256\n"})
+    for (const char* line : {"    Associativity            7 (8-way Set-Associative)\n",
+                             "    CacheType                5 (Unified)\n", "    Level                    4 (L2)\n",
+                             "    WritePolicy              3 (Write Back)\n", "    CacheSpeed               15 ns\n",
+                             "    MaximumInstallableSize   512 KB\n", "    Location                 0 (Internal)\n",
+                             "    InstalledSize            256 KB\n", "    NumberOfBlocks           256\n"})
         EXPECT_TRUE(contains(caches, line)) << line << caches;
     const std::string system = run({"QORTAL_OperatingSystem", "QORx_SystemMemory"}).output;
     for (const char* line : {"    OSType                   36 (Linux)\n", "    FreeVirtualMemory        0 KiB\n",
@@ -116,12 +116,22 @@ TEST_F(Tool, WritesUnitsAndTheMeaningOfCodesBesideTheNumbers)
                          "    VirtualType               1 (not virtualized, or not known)\n"));
 }
 
+TEST_F(Tool, ShowsTheTextsOfTheSchemaForCodesOldAndNew)
+{
+    const TemporaryFile ports{
+        TableBuilder().type(8).byte(0x05, 0x12).byte(0x07, 0x23).byte(0x08, 0x23).type(8).byte(0x08, 0x99)};
+    const std::string shown = runTool({"QORTAL_Port", "--from-dump", ports.name()}).output;
+    for (const char* line :
+         {"18 (Access Bus (USB))\n", "35 (USB Type-C Receptacle)\n", "35 (Thunderbolt)\n", "153 (Reserved)\n"})
+        EXPECT_TRUE(contains(shown, line)) << line << shown;
+}
+
 TEST_F(Tool, ShowsAddressesInHexadecimalToo)
 {
     const std::string bios = run({"QORTAL_BIOS"}).output;
     EXPECT_TRUE(contains(bios, "    LoadedStartingAddress  57344 (0xE000)\n")) << bios;
-    EXPECT_TRUE(contains(bios, "  * SoftwareElementState   3 (running)\n")) << bios;
-    EXPECT_TRUE(contains(bios, "  * TargetOperatingSystem  66 (not applicable)\n")) << bios;
+    EXPECT_TRUE(contains(bios, "  * SoftwareElementState   3 (Running)\n")) << bios;
+    EXPECT_TRUE(contains(bios, "  * TargetOperatingSystem  66 (Not Applicable)\n")) << bios;
 }
 
 TEST_F(Tool, ShowsEachElementOfAListOnALineOfItsOwn)
@@ -131,10 +141,10 @@ TEST_F(Tool, ShowsEachElementOfAListOnALineOfItsOwn)
                                 "                       Jumper 2 open\n"))
         << board;
     const std::string port = run({"QORTAL_Port"}).output;
-    EXPECT_TRUE(contains(port, "    ConnectorType                0 (none)\n"
-                               "                                 8 (DB-9 male)\n"))
+    EXPECT_TRUE(contains(port, "    ConnectorType                0 (None)\n"
+                               "                                 8 (DB-9 pin male)\n"))
         << port;
-    EXPECT_TRUE(contains(port, "    PortType                     9 (serial port 16550A compatible)\n")) << port;
+    EXPECT_TRUE(contains(port, "    PortType                     9 (Serial Port 16550A Compatible)\n")) << port;
 }
 
 TEST_F(Tool, ShowsEmptyTextAsTwoQuotesAndAnEmptyListAsSuch)
