@@ -8,12 +8,16 @@ endif()
 add_library(vq_cim INTERFACE)
 set(VQ_CIM_LIBRARY standalone)
 if(NOT VQ_CIM STREQUAL "standalone")
-    find_package(Pegasus)
+    find_package(Pegasus QUIET)
+    list(JOIN Pegasus_PROBLEMS "\n  " _problems)
     if(Pegasus_FOUND)
         set(VQ_CIM_LIBRARY openpegasus)
     elseif(VQ_CIM STREQUAL "openpegasus")
-        message(FATAL_ERROR "VQ_CIM=openpegasus, but no OpenPegasus of this width was found. "
-            "Set Pegasus_ROOT to its installation, or build with -DVQ_CIM=standalone.")
+        message(FATAL_ERROR "VQ_CIM=openpegasus, but no OpenPegasus was found.\n  ${_problems}\n"
+            "Set Pegasus_ROOT to its installation, or to its source tree with PEGASUS_HOME naming its build; "
+            "or build with -DVQ_CIM=standalone.")
+    elseif(_pegasus_given_root OR _pegasus_home)
+        message(STATUS "No OpenPegasus, though Pegasus_ROOT or PEGASUS_HOME is set:\n     ${_problems}")
     endif()
 endif()
 
