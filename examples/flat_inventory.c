@@ -5,19 +5,21 @@
  *
  * MODULE is the path of libSystemProvider.so. DUMP is a file of `dmidecode --dump-bin` to read in place of the
  * machine's own SMBIOS table; the library that serves it is looked for in from-dump/ beside the module. Exit code 0, 1
- * when the module can't be used, 2 for a wrong call. The line "TIME Format : ..." comes from the module itself. */
+ * when a file can't be used, 2 for a wrong call. The line "TIME Format : ..." comes from the module itself. */
 
 #define _XOPEN_SOURCE 700
 
-#include "flat/systemprovider.h"
-#include "flat/systemprovider_packed.h"
+#include "systemprovider.h"
+#include "systemprovider_packed.h"
 
 #include <dlfcn.h>
+#include <errno.h>
 #include <langinfo.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 /* The ways in which accessors hand over a value. */
 typedef int Integer(void);
@@ -292,18 +294,34 @@ static void serveDump(const char* modulePath, const char* dump)
     free(path);
 }
 
+/* The full path of a file of the command line, which is looked for where the user stands. */
+static char* fullPath(const char* file)
+{
+    char* path = realpath(file, NULL);
+    if (!path)
+        fail(file, strerror(errno));
+    return path;
+}
+
 int main(int argc, char** argv)
 {
-    const char* dump = argc == 3 ? argv[2] : NULL;
+    char* modulePath;
+    char* dump;
     if (argc != 2 && argc != 3) {
         fprintf(stderr, "usage: flat_inventory MODULE [DUMP]\n");
         return 2;
     }
+    modulePath = fullPath(argv[1]);
+    dump = argc == 3 ? fullPath(argv[2]) : NULL;
+    /* The module loads ../lib/libqorxenprobe.so, where there is one. That must not be a file that someone left where
+     * the user stands. */
+    if (chdir("/") != 0)
+        fail("/", strerror(errno));
     if (dump)
-        serveDump(argv[1], dump);
-    module = dlopen(argv[1], RTLD_NOW);
+        serveDump(modulePath, dump);
+    module = dlopen(modulePath, RTLD_NOW);
     if (!module)
-        fail(argv[1], dlerror());
+        fail(modulePath, dlerror());
 
     FIND(Integer, init)();
     tableSize = findTableSize(dump);
@@ -321,5 +339,7 @@ int main(int argc, char** argv)
 
     free(text);
     dlclose(module);
+    free(modulePath);
+    free(dump);
     return 0;
 }

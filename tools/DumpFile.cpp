@@ -1,5 +1,8 @@
 #include "tools/DumpFile.h"
 
+#include "support/smbios/DumpSource.h"
+#include "tools/InputFile.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -28,9 +31,9 @@ std::string hexBytes(const std::string& bytes)
 
 void checkDumpFile(const std::string& file)
 {
-    std::error_code ignored;
-    if (std::filesystem::exists(file, ignored) && !std::filesystem::is_regular_file(file, ignored))
-        throw LoadError(file + " is not an SMBIOS dump: it must be a regular file, which is read several times");
+    const std::string unfit = unfitReason(file, MaxDumpSize);
+    if (!unfit.empty())
+        throw LoadError(file + " is not an SMBIOS dump: " + unfit);
     std::ifstream in(file, std::ios::binary);
     if (!in)
         throw LoadError("cannot read " + file + ": " + std::strerror(errno));

@@ -8,8 +8,9 @@
 namespace VQ::Tool
 {
 
-/// Throws LoadError unless the file can be read and begins with the anchor of an SMBIOS entry point, as a file made
-/// by `dmidecode --dump-bin` does. A table that is damaged further on is found by the module's own reader.
+/// Throws LoadError unless the file is a regular one of a dump's size, can be read and begins with the anchor of an
+/// SMBIOS entry point, as a file made by `dmidecode --dump-bin` does. A table that is damaged further on is found by
+/// the module's own reader.
 void checkDumpFile(const std::string& file);
 
 /// Makes a module that is loaded afterwards read its SMBIOS table from the file: loads the reader library that serves

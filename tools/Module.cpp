@@ -2,6 +2,7 @@
 
 #include "tools/CimAnswer.h"
 #include "tools/Classes.h"
+#include "tools/InputFile.h"
 
 #include <Pegasus/Common/CIMName.h>
 #include <Pegasus/Common/CIMPropertyList.h>
@@ -25,6 +26,7 @@ using namespace Pegasus;
 namespace
 {
 constexpr const char* ProviderName = "SystemProvider";
+constexpr std::uintmax_t MaxModuleSize = 256u << 20; // with the debug information of any build
 using CreateProvider = CIMProvider* (*)(const String& name);
 
 class InstanceCollector : public InstanceResponseHandler
@@ -133,6 +135,9 @@ void refuseOtherCimLibrary(const std::string& file)
 
 const std::string& checkedModule(const std::string& file)
 {
+    const std::string unfit = unfitReason(file, MaxModuleSize);
+    if (!unfit.empty())
+        throw LoadError("cannot load " + file + ": " + unfit);
     refuseOtherCimLibrary(file);
     return file;
 }

@@ -28,17 +28,23 @@ std::string escaped(unsigned char control)
     }
 }
 
-// Characters beyond ASCII stand as they are, in UTF-8: MOF compilers are known to misread their escaped form.
+// Characters beyond ASCII stand as they are, in UTF-8: MOF compilers are known to misread their escaped form. Not so
+// the control characters among them, C1 (U+0080 to U+009F), which a terminal obeys.
 std::string quoted(const std::string& text)
 {
     std::string result = "\"";
-    for (const char c : text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
         const auto byte = static_cast<unsigned char>(c);
+        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0xFF);
         if (c == '"' || c == '\\') {
             result += '\\';
             result += c;
         } else if (byte < 0x20 || byte == 0x7F) {
             result += escaped(byte);
+        } else if (byte == 0xC2 && next < 0xA0) {
+            result += escaped(next);
+            ++i;
         } else {
             result += c;
         }

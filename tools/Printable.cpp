@@ -40,6 +40,29 @@ std::string escaped(unsigned char value)
     std::snprintf(text, sizeof text, "\\x%02X", value);
     return text;
 }
+
+// The marks, embeddings, overrides and isolates of the Unicode bidirectional algorithm; their escaped form, else empty.
+std::string escapedDirection(const std::string& character)
+{
+    static constexpr struct
+    {
+        const char* first;
+        const char* last;
+        unsigned code; // of the first; the ranges are of one leading byte pair
+    } Ranges[] = {{"\xD8\x9C", "\xD8\x9C", 0x061C},
+                  {"\xE2\x80\x8E", "\xE2\x80\x8F", 0x200E},
+                  {"\xE2\x80\xAA", "\xE2\x80\xAE", 0x202A},
+                  {"\xE2\x81\xA6", "\xE2\x81\xA9", 0x2066}};
+    for (const auto& range : Ranges) {
+        if (character < range.first || character > range.last)
+            continue;
+        char text[7];
+        const std::string first = range.first;
+        std::snprintf(text, sizeof text, "\\u%04X", range.code + (character.back() - first.back()));
+        return text;
+    }
+    return "";
+}
 }
 
 std::string printable(const std::string& utf8)
@@ -53,8 +76,11 @@ std::string printable(const std::string& utf8)
             safe += escaped(lead);
         else if (lead == 0xC2 && second < 0xA0) // C1: U+0080 to U+009F
             safe += escaped(static_cast<unsigned char>(second));
-        else
-            safe += utf8.substr(position, length);
+        else {
+            const std::string character = utf8.substr(position, length);
+            const std::string direction = escapedDirection(character);
+            safe += direction.empty() ? character : direction;
+        }
         position += length == 0 ? 1 : length;
     }
     return safe;

@@ -20,21 +20,14 @@ std::string hint(const std::string& reason)
                " CIM library: it needs a module built with the same one.";
     return "";
 }
-
-// The loader looks up a name without a slash in its own directories, not where the user stands.
-std::string withDirectory(const std::string& file)
-{
-    return file.find('/') == std::string::npos ? "./" + file : file;
-}
 }
 
-SharedLibrary::SharedLibrary(const std::string& file, int flags)
-    : _file(file), _handle(dlopen(withDirectory(file).c_str(), flags))
+SharedLibrary::SharedLibrary(const std::string& file, int flags) : _file(file), _handle(dlopen(file.c_str(), flags))
 {
     if (_handle)
         return;
     std::string reason = dlerror();
-    const std::string ownName = withDirectory(file) + ": "; // which most reasons begin with
+    const std::string ownName = file + ": "; // which most reasons begin with
     if (reason.compare(0, ownName.size(), ownName) == 0)
         reason.erase(0, ownName.size());
     throw LoadError("cannot load " + file + ": " + reason + hint(reason));

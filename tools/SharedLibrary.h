@@ -17,7 +17,8 @@ public:
 class SharedLibrary
 {
 public:
-    /// Loads the file with the flags of dlopen. Throws LoadError with the loader's reason.
+    /// Loads the file, which is named by its full path, with the flags of dlopen. Throws LoadError with the loader's
+    /// reason.
     SharedLibrary(const std::string& file, int flags);
     ~SharedLibrary();
     SharedLibrary(const SharedLibrary&) = delete;

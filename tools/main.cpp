@@ -4,6 +4,7 @@
 #include "tools/Check.h"
 #include "tools/Commands.h"
 #include "tools/DumpFile.h"
+#include "tools/InputFile.h"
 #include "tools/Module.h"
 #include "tools/Printable.h"
 
@@ -14,6 +15,7 @@
 #include <exception>
 #include <memory>
 #include <sstream>
+#include <unistd.h>
 
 using namespace VQ::Tool;
 
@@ -44,6 +46,17 @@ int print(const std::string& output, int code)
     return RequestFailed;
 }
 
+// The module looks for an optional library by a path that is relative to the working directory. It must never be one
+// that someone left where this person happens to stand, so the program works in the root directory, as a server does.
+void leaveForRoot(Arguments& arguments)
+{
+    arguments.moduleFile = fullPath(arguments.moduleFile);
+    if (arguments.dumpFile)
+        arguments.dumpFile = fullPath(*arguments.dumpFile);
+    if (chdir("/") != 0)
+        throw LoadError(std::string("cannot go to /: ") + std::strerror(errno));
+}
+
 int runCheck(const Arguments& arguments)
 {
     if (arguments.dumpFile)
@@ -53,10 +66,11 @@ int runCheck(const Arguments& arguments)
                  problemCount(result) == 0 ? Done : RequestFailed);
 }
 
-int run(const Arguments& arguments)
+int run(Arguments arguments)
 {
     if (!arguments.information.empty())
         return print(arguments.information, Done);
+    leaveForRoot(arguments);
     const std::string moduleFile = arguments.moduleFile.empty() ? defaultModuleFile() : arguments.moduleFile;
     if (arguments.command == Command::Check)
         return runCheck(arguments);

@@ -42,6 +42,7 @@ RawTables readRawTables()
     File file(path, "the dump file must be readable");
     if (!file.isOpen())
         file.fail("cannot open", file.error());
+    file.requireRegular(MaxDumpSize);
     return cutDump(path, file.readAll());
 }
 

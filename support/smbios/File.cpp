@@ -32,7 +32,8 @@ bool copyMapped(int descriptor, std::uint64_t offset, std::vector<unsigned char>
 }
 
 File::File(const std::string& path, const std::string& advice)
-    : _path(path), _advice(advice), _descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)),
+    // Without waiting: the other end of a pipe may never come.
+    : _path(path), _advice(advice), _descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)),
       _error(_descriptor < 0 ? errno : 0)
 {
 }
@@ -41,6 +42,20 @@ File::~File()
 {
     if (_descriptor >= 0)
         close(_descriptor);
+}
+
+void File::requireRegular(std::size_t largest) const
+{
+    struct stat status
+    {
+    };
+    if (fstat(_descriptor, &status) != 0)
+        fail("cannot look at", errno);
+    if (!S_ISREG(status.st_mode))
+        throw SmBiosError(_path + ": it must be a regular file");
+    if (static_cast<std::uintmax_t>(status.st_size) > largest)
+        throw SmBiosError(_path + ": it has " + std::to_string(status.st_size) + " bytes, and no more than " +
+                          std::to_string(largest) + " are accepted");
 }
 
 std::vector<unsigned char> File::readAll()

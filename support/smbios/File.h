@@ -22,6 +22,9 @@ public:
     bool isOpen() const { return _descriptor >= 0; }
     int error() const { return _error; }
 
+    /// Throws SmBiosError unless this is a regular file of at most `largest` bytes: a device may never end.
+    void requireRegular(std::size_t largest) const;
+
     /// The rest of the file, read to its end however small the answers of `read` are. Throws SmBiosError.
     std::vector<unsigned char> readAll();
 

@@ -17,10 +17,6 @@ constexpr std::uint64_t AreaAddress = 0xF0000;
 constexpr std::size_t AreaSize = 0x10000;
 constexpr std::size_t AreaStep = 16;
 
-// Far more than the 65,536 structures that handles can tell apart ever take; the length that a 64-bit entry point
-// announces is only a maximum.
-constexpr std::uint32_t LargestTable = 64u << 20;
-
 bool doesNotExist(const std::string& path)
 {
     struct stat status
@@ -72,7 +68,8 @@ RawTables readMemory(const std::string& device)
     if (raw.entryPoint.empty())
         return {};
     const EntryPoint entryPoint = parseEntryPoint(raw);
-    raw.structures = memory.readAt(entryPoint.tableAddress, std::min(entryPoint.tableLength, LargestTable));
+    raw.structures =
+        memory.readAt(entryPoint.tableAddress, std::min<std::size_t>(entryPoint.tableLength, MaxTableSize));
     return raw;
 }
 }

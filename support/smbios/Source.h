@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,10 @@ struct RawTables
     std::vector<unsigned char> entryPoint; ///< empty: the platform has no SMBIOS
     std::vector<unsigned char> structures;
 };
+
+/// The longest structure table that is read, in bytes: far more than the 65,536 structures that handles can tell apart
+/// ever take. The length that a 64-bit entry point announces is only a maximum.
+constexpr std::size_t MaxTableSize = 64u << 20;
 
 /// Where the table comes from. Two libraries are built from this directory and differ only here: the machine itself
 /// (HostSource.cpp), and a dump file (DumpSource.cpp). Throws SmBiosError when the table is there but can't be read.

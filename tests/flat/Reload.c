@@ -2,6 +2,7 @@
  *
  *     flat_reload MODULE READER DUMP ROUNDS
  *
+ * Files are named by their full paths.
  * READER is the library that serves DUMP, which has one slot and one firmware element, in place of the machine's own
  * SMBIOS table. Exit code 0 when every round went well, the module was really unloaded each time and the process did
  * not grow; otherwise 1 and the reason. */
@@ -14,6 +15,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <unistd.h>
 
 typedef int Number(void);
 typedef void TextAt(char* buffer, unsigned int index);
@@ -121,6 +123,8 @@ int main(int argc, char** argv)
         fprintf(stderr, "usage: flat_reload MODULE READER DUMP ROUNDS\n");
         return 2;
     }
+    if (chdir("/") != 0)
+        fail("chdir", "cannot go to /");
     serveDump(argv[2], argv[3]);
     for (round = 0; round < WarmUpRounds; ++round)
         useModule(argv[1]);

@@ -1,9 +1,11 @@
 #include "support/common/DynamicLibrary.h"
 
+#include "tests/testing/ServedTable.h"
+
 #include <climits>
+#include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 #include <unistd.h>
@@ -145,8 +147,7 @@ TEST(DynamicLibrary, MissingFileIsNotLoaded)
 
 TEST(DynamicLibrary, FileThatIsNoLibraryIsNotLoaded)
 {
-    const std::string file = testing::TempDir() + "vq-no-library-" + std::to_string(getpid()) + ".so";
-    std::ofstream(file) << "not a library";
+    const std::string file = writeTemporaryFile({'n', 'o', ' ', 'l', 'i', 'b', 'r', 'a', 'r', 'y'});
     DynamicLibrary library(wide(file));
     EXPECT_FALSE(library.load());
     std::remove(file.c_str());

@@ -95,7 +95,7 @@ TEST(ToolJson, MapsEveryTypeOfCim)
         {"S32", -2147483647 - 1},
         {"U64", 18446744073709551615ull},
         {"S64", -9223372036854775807ll - 1},
-        {"Odd", "q\" b\\ e\x1B[2J n\nt\t d\x7F c\xC2\x9B u\xC3\xA9"},
+        {"Odd", "q\" b\\ e\x1B[2J n\nt\t d\x7F c\xC2\x9B u\xC3\xA9 r\xE2\x80\xAEx"},
         {"Blank", " x"},
         {"Empty", ""},
         {"Date", "20050307120000.000000-330"},
@@ -184,7 +184,7 @@ TEST(ToolMof, WritesEveryTypeOfCim)
               "    S32 = -2147483648;\n"
               "    U64 = 18446744073709551615;\n"
               "    S64 = -9223372036854775808;\n"
-              "    Odd = \"q\\\" b\\\\ e\\x001B[2J n\\nt\\t d\\x007F c\xC2\x9B u\xC3\xA9\";\n"
+              "    Odd = \"q\\\" b\\\\ e\\x001B[2J n\\nt\\t d\\x007F c\\x009B u\xC3\xA9 r\xE2\x80\xAEx\";\n"
               "    Blank = \" x\";\n"
               "    Empty = \"\";\n"
               "    Date = \"20050307120000.000000-330\";\n"
@@ -199,33 +199,42 @@ TEST(ToolMof, WritesEveryTypeOfCim)
               "};\n");
 }
 
+TEST(ToolJson, EscapesEveryControlCharacter)
+{
+    const std::string output = runStub({"--format", "json", "Stub_Types"}).output;
+    EXPECT_NE(output.find("\"q\\\" b\\\\ e\\u001b[2J n\\nt\\t d\\u007f c\\u009b u\xC3\xA9 r\xE2\x80\xAEx\""),
+              std::string::npos)
+        << output;
+}
+
 TEST(ToolText, WritesEveryTypeOfCim)
 {
-    EXPECT_EQ(runStub({"Stub_Types"}).output, "Stub_Types: 1 instance (* marks a key)\n"
-                                              "\n"
-                                              "  * Bool      true\n"
-                                              "  * U8        255\n"
-                                              "  * S8        -128\n"
-                                              "  * Blank     \" x\"\n"
-                                              "    U16       65535\n"
-                                              "    S16       -210\n"
-                                              "    U32       4294967295\n"
-                                              "    S32       -2147483648\n"
-                                              "    U64       18446744073709551615\n"
-                                              "    S64       -9223372036854775808\n"
-                                              "    Odd       q\" b\\ e\\x1B[2J n\\x0At\\x09 d\\x7F c\\x9B u\xC3\xA9\n"
-                                              "    Empty     \"\"\n"
-                                              "    Date      20050307120000.000000-330 (2005-03-07 12:00:00 -05:30)\n"
-                                              "    Day       20050307******.******+000 (2005-03-07)\n"
-                                              "    NoDate    **************.******+000\n"
-                                              "    Span      00000001010203.000000:000\n"
-                                              "    Null      (null)\n"
-                                              "    NullList  (null)\n"
-                                              "    Texts     a, \"b\"\n"
-                                              "              \"\"\n"
-                                              "    Numbers   0\n"
-                                              "              8\n"
-                                              "    None      (empty list)\n");
+    EXPECT_EQ(runStub({"Stub_Types"}).output,
+              "Stub_Types: 1 instance (* marks a key)\n"
+              "\n"
+              "  * Bool      true\n"
+              "  * U8        255\n"
+              "  * S8        -128\n"
+              "  * Blank     \" x\"\n"
+              "    U16       65535\n"
+              "    S16       -210\n"
+              "    U32       4294967295\n"
+              "    S32       -2147483648\n"
+              "    U64       18446744073709551615\n"
+              "    S64       -9223372036854775808\n"
+              "    Odd       q\" b\\ e\\x1B[2J n\\x0At\\x09 d\\x7F c\\x9B u\xC3\xA9 r\\u202Ex\n"
+              "    Empty     \"\"\n"
+              "    Date      20050307120000.000000-330 (2005-03-07 12:00:00 -05:30)\n"
+              "    Day       20050307******.******+000 (2005-03-07)\n"
+              "    NoDate    **************.******+000\n"
+              "    Span      00000001010203.000000:000\n"
+              "    Null      (null)\n"
+              "    NullList  (null)\n"
+              "    Texts     a, \"b\"\n"
+              "              \"\"\n"
+              "    Numbers   0\n"
+              "              8\n"
+              "    None      (empty list)\n");
 }
 
 TEST(ToolText, NamesKeepControlCharactersFromTheTerminal)

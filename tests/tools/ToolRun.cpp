@@ -5,11 +5,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <linux/capability.h>
 #include <sstream>
 #include <stdexcept>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -57,19 +60,22 @@ int brokenPipe()
 }
 
 ToolRun run(const std::vector<std::string>& arguments, const std::map<std::string, std::string>& environment,
-            int output)
+            int output, const std::string& directory = ".")
 {
     const TemporaryFile errors;
     const int errorsTo = openForWriting(errors.name());
     const pid_t child = fork();
+    if (child == 0 && chdir(directory.c_str()) != 0)
+        _exit(127);
     if (child == 0)
         become(arguments, environment, output, errorsTo);
     close(output);
     close(errorsTo);
     int status = 0;
-    if (child < 0 || waitpid(child, &status, 0) != child)
+    rusage usage{};
+    if (child < 0 || wait4(child, &status, 0, &usage) != child)
         throw std::runtime_error("cannot run " VQ_TOOL);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, "", errors.text()};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, "", errors.text(), usage.ru_maxrss};
 }
 }
 
@@ -77,6 +83,14 @@ ToolRun runTool(const std::vector<std::string>& arguments, const std::map<std::s
 {
     const TemporaryFile output;
     ToolRun result = run(arguments, environment, openForWriting(output.name()));
+    result.output = output.text();
+    return result;
+}
+
+ToolRun runToolIn(const std::string& directory, const std::vector<std::string>& arguments)
+{
+    const TemporaryFile output;
+    ToolRun result = run(arguments, {}, openForWriting(output.name()), directory);
     result.output = output.text();
     return result;
 }
@@ -90,6 +104,17 @@ std::map<std::string, std::string> powerGuard(const std::string& logFile)
 {
     // The sanitizers' runtime would otherwise insist on being the first library.
     return {{"LD_PRELOAD", VQ_POWER_GUARD}, {"VQ_POWER_LOG", logFile}, {"ASAN_OPTIONS", "verify_asan_link_order=0"}};
+}
+
+TemporaryDirectory::TemporaryDirectory() : _name(testing::TempDir() + "vq-tool-XXXXXX")
+{
+    if (!mkdtemp(_name.data()))
+        throw std::runtime_error("cannot create " + _name);
+}
+
+TemporaryDirectory::~TemporaryDirectory()
+{
+    std::filesystem::remove_all(_name);
 }
 
 TemporaryFile::TemporaryFile(const std::vector<unsigned char>& bytes) : _name(writeTemporaryFile(bytes)) {}

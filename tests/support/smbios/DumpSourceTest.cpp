@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace VQ;
@@ -105,10 +106,25 @@ TEST(DumpSource, UnreadableFileIsAnErrorThatTellsWhatHelps)
     ASSERT_EQ(seteuid(user), 0);
 }
 
-TEST(DumpSource, DirectoryIsAnError)
+TEST(DumpSource, WhatIsNoRegularFileIsAnError)
 {
-    const ServedTable served(std::string("/"));
-    EXPECT_EQ(errorText(), "cannot read /: Is a directory");
+    const std::string pipe = writeTemporaryFile({});
+    std::filesystem::remove(pipe);
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0) << "in the place of a file of the tests' own";
+    for (const std::string& file : {std::string("/"), std::string("/dev/zero"), pipe}) {
+        const ServedTable served(file);
+        EXPECT_EQ(errorText(), file + ": it must be a regular file");
+    }
+    std::filesystem::remove(pipe);
+}
+
+TEST(DumpSource, FileThatIsTooLongIsAnErrorAndNotRead)
+{
+    const ServedFile dump(smallTable().dump());
+    std::filesystem::resize_file(dump.file, 67108896);
+    EXPECT_EQ(errorText(), "no error");
+    std::filesystem::resize_file(dump.file, 67108897);
+    EXPECT_EQ(errorText(), dump.file + ": it has 67108897 bytes, and no more than 67108896 are accepted");
 }
 
 TEST(DumpSource, FileThatIsNoDumpIsAnErrorThatTellsWhichBytesWereExpected)

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace VQ::Tool
+{
+
+/// The full path of a file that the command line names; an empty name stays empty. Throws LoadError where the working
+/// directory is gone, so that nobody can tell which file a relative name means.
+std::string fullPath(const std::string& file);
+
+/// Empty where the file is a regular one of at most `largest` bytes, or where it can't be looked at, which whoever
+/// opens it reports. Otherwise what is wrong with it: a device never ends, and a pipe has nothing to give.
+std::string unfitReason(const std::string& file, std::uintmax_t largest);
+
+}
