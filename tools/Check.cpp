@@ -22,7 +22,7 @@ constexpr const char* MemoryClass = "QORx_SystemMemory";
 constexpr std::uint64_t MiB = 1u << 20;
 constexpr std::uint64_t AnswerToMention = MiB;
 constexpr std::uint64_t AnswerToRefuse = 16 * MiB;
-constexpr std::uint64_t ElementSize = 15; // <VALUE></VALUE>
+constexpr std::uint64_t ElementSize = 16; // <VALUE></VALUE> and the end of the line
 
 // What the options of all boards take in an answer.
 std::uint64_t optionAnswer(const Table& table)
@@ -173,9 +173,9 @@ std::map<std::string, std::string> refusedClasses(const Table& table)
     if (table.endlessOptions)
         refused[BoardClass] = "a structure of type 12 announces 255 configuration options" + endless;
     else if (optionAnswer(table) >= AnswerToRefuse)
-        refused[BoardClass] = optionCost(table) + ", and several times that in the server, which may end a 32-bit "
-                                                  "server. Let nobody ask for it before the firmware of the machine "
-                                                  "is mended";
+        refused[BoardClass] = optionCost(table) + ", which takes about four times that in the server and may end a "
+                                                  "32-bit one. Let nobody ask for it before the firmware of the "
+                                                  "machine is mended";
     return refused;
 }
 

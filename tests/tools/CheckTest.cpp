@@ -210,7 +210,7 @@ TEST_F(ToolCheck, ComputesWhatATableThatMultipliesWillCost)
     const Check huge = check(optionsTimesBoards(8600, 30));
     EXPECT_TRUE(
         huge.has("problem  QORTAL_BaseBoard: not asked: 2184400 configuration options on each of 30 boards make "
-                 "an answer of about 937 MiB, and several times that in the server"))
+                 "an answer of about 999 MiB, which takes about four times that in the server"))
         << huge.output;
     EXPECT_EQ(huge.exitCode, 1);
     const Check large = check(optionsTimesBoards(300, 2));
