@@ -38,6 +38,15 @@ bool isEntryPoint(const unsigned char* data, std::size_t size)
     return isEntryPoint64(copy.get(), size) || isEntryPoint32(copy.get(), size) || isEntryPointDmi(copy.get(), size);
 }
 
+// String number `number` (from 1) of the bytes after the formatted area; null when there is none.
+const char* stringOf(const std::vector<unsigned char>& data, std::size_t formatted, unsigned number)
+{
+    const auto* text = reinterpret_cast<const char*>(data.data()) + formatted;
+    for (; number > 1 && *text; --number)
+        text += std::strlen(text) + 1;
+    return number == 1 && *text ? text : nullptr;
+}
+
 void checkTable(const SmBios::Table& table)
 {
     const std::vector<unsigned char>& data = table.getData();
@@ -48,12 +57,9 @@ void checkTable(const SmBios::Table& table)
         const auto offset = static_cast<unsigned char>(i);
         require(table.getByte(offset) == (i < table.getLength() ? exact[i] : 0), "a byte is of the formatted area");
         require(i + 1 < table.getLength() || table.getWord(offset) == 0, "a word is of the formatted area");
-        if (const char* text = table.getString(offset)) {
-            const auto* begin = reinterpret_cast<const unsigned char*>(text);
-            require(i != 0 && begin >= data.data() + table.getLength() &&
-                        begin + std::strlen(text) < data.data() + data.size() && *text,
-                    "a string is of the string set");
-        }
+        const char* const text = table.getString(offset);
+        const char* const expected = stringOf(exact, table.getLength(), i);
+        require(text ? expected && std::strcmp(text, expected) == 0 : !expected, "a string is of the string set");
     }
 }
 
@@ -73,8 +79,7 @@ void checkTables(const std::vector<SmBios::Table>& tables, const unsigned char* 
 // The structures whatever the entry point says of them.
 void checkStructures(const unsigned char* data, std::size_t size)
 {
-    const auto copy = exactCopy(data, size);
-    checkTables(parseStructures(copy.get(), size, EntryPoint::NoCount), data, size);
+    checkTables(parseStructures({data, data + size}, EntryPoint::NoCount), data, size);
 }
 
 void checkReader(const unsigned char* data, std::size_t entryPointSize, std::size_t size)

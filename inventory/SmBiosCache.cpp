@@ -42,9 +42,7 @@ std::uint16_t levelOf(std::uint16_t configuration)
 // The number stands at this place of the structure's bytes, whatever the formatted area's length says.
 std::string designationOf(const TableType7& cache)
 {
-    static constexpr std::size_t SocketDesignation = 0x04;
-    const std::vector<unsigned char>& data = cache.getData();
-    return make_string(cache.getString(data.size() > SocketDesignation ? data[SocketDesignation] : 0));
+    return make_string(cache.getString(cache.getDataByte(0x04))); // Socket Designation
 }
 }
 

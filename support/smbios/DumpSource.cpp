@@ -5,7 +5,7 @@
 #include "support/smbios/SmBios.h"
 #include "support/smbios/Source.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <string>
 
 namespace VQ
@@ -18,20 +18,6 @@ std::string& dumpFile()
     static std::string file;
     return file;
 }
-
-RawTables cutDump(const std::string& path, const std::vector<unsigned char>& dump)
-{
-    RawTables raw;
-    raw.origin = path;
-    raw.entryPoint.assign(dump.begin(), dump.begin() + static_cast<long>(std::min(dump.size(), MaxEntryPointSize)));
-    const EntryPoint entryPoint = parseEntryPoint(raw);
-    if (entryPoint.tableAddress > dump.size())
-        throw SmBiosError(path + ": its entry point announces the SMBIOS table at byte " +
-                          std::to_string(entryPoint.tableAddress) + ", but the file has " +
-                          std::to_string(dump.size()) + " bytes");
-    raw.structures.assign(dump.begin() + static_cast<long>(entryPoint.tableAddress), dump.end());
-    return raw;
-}
 }
 
 RawTables readRawTables()
@@ -43,7 +29,17 @@ RawTables readRawTables()
     if (!file.isOpen())
         file.fail("cannot open", file.error());
     file.requireRegular(MaxDumpSize);
-    return cutDump(path, file.readAll());
+    RawTables raw;
+    raw.origin = path;
+    raw.entryPoint = file.readAll(MaxEntryPointSize);
+    const std::uint64_t tableAddress = parseEntryPoint(raw).tableAddress;
+    if (tableAddress > file.size())
+        throw SmBiosError(path + ": its entry point announces the SMBIOS table at byte " +
+                          std::to_string(tableAddress) + ", but the file has " + std::to_string(file.size()) +
+                          " bytes");
+    file.seek(tableAddress);
+    raw.structures = file.readAll();
+    return raw;
 }
 
 }

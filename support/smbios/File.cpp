@@ -18,7 +18,7 @@ namespace
 constexpr std::size_t PageSize = 4096;
 
 // Physical memory above the kernel's own mapping can't be read on a 32-bit kernel, but it can be mapped.
-bool copyMapped(int descriptor, std::uint64_t offset, std::vector<unsigned char>& bytes)
+bool copyMapped(int descriptor, std::uint64_t offset, Buffer& bytes)
 {
     const std::size_t lead = offset % PageSize;
     const std::size_t length = lead + bytes.size();
@@ -58,32 +58,42 @@ void File::requireRegular(std::size_t largest) const
                           std::to_string(largest) + " are accepted");
 }
 
-std::vector<unsigned char> File::readAll()
+std::uint64_t File::size() const
 {
     struct stat status
     {
     };
-    std::vector<unsigned char> bytes;
-    if (fstat(_descriptor, &status) == 0 && status.st_size > 0)
-        bytes.reserve(static_cast<std::size_t>(status.st_size) + PageSize);
+    return fstat(_descriptor, &status) == 0 && status.st_size > 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+void File::seek(std::uint64_t offset)
+{
+    if (lseek(_descriptor, static_cast<off_t>(offset), SEEK_SET) < 0)
+        fail("cannot read", errno);
+}
+
+Buffer File::readAll(std::size_t most)
+{
+    Buffer bytes;
+    bytes.reserve(std::min(most, static_cast<std::size_t>(size()) + PageSize));
     for (std::size_t used = 0;;) {
-        bytes.resize(std::max(bytes.capacity(), used + PageSize));
+        bytes.resize(std::min(most, std::max(bytes.capacity(), used + PageSize)));
         const ssize_t got = read(_descriptor, bytes.data() + used, bytes.size() - used);
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
             fail("cannot read", errno);
         used += static_cast<std::size_t>(got);
-        if (got == 0) {
+        if (got == 0 || used == most) {
             bytes.resize(used);
             return bytes;
         }
     }
 }
 
-std::vector<unsigned char> File::readAt(std::uint64_t offset, std::size_t size)
+Buffer File::readAt(std::uint64_t offset, std::size_t size)
 {
-    std::vector<unsigned char> bytes(size);
+    Buffer bytes(size);
     std::size_t used = 0;
     while (used < size) {
         const ssize_t got = pread(_descriptor, bytes.data() + used, size - used, static_cast<off_t>(offset + used));

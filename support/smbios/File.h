@@ -1,9 +1,11 @@
 #pragma once
 
+#include "support/smbios/Buffer.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
-#include <vector>
 
 namespace VQ
 {
@@ -25,12 +27,18 @@ public:
     /// Throws SmBiosError unless this is a regular file of at most `largest` bytes: a device may never end.
     void requireRegular(std::size_t largest) const;
 
-    /// The rest of the file, read to its end however small the answers of `read` are. Throws SmBiosError.
-    std::vector<unsigned char> readAll();
+    /// In bytes, as the file system tells it; 0 when it does not.
+    std::uint64_t size() const;
+
+    /// Where readAll reads next. Throws SmBiosError.
+    void seek(std::uint64_t offset);
+
+    /// The rest of the file but no more than `most` bytes, however small the answers of `read` are. Throws SmBiosError.
+    Buffer readAll(std::size_t most = std::numeric_limits<std::size_t>::max());
 
     /// Up to `size` bytes from `offset`: fewer where the file ends or stops being readable. Throws SmBiosError when
     /// not a single byte can be read.
-    std::vector<unsigned char> readAt(std::uint64_t offset, std::size_t size);
+    Buffer readAt(std::uint64_t offset, std::size_t size);
 
     /// Throws an SmBiosError about this file with the text of an errno value.
     [[noreturn]] void fail(const std::string& what, int errorNumber) const;

@@ -25,7 +25,7 @@ bool doesNotExist(const std::string& path)
     return stat(path.c_str(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
 
-std::vector<unsigned char> readFile(const std::string& path)
+Buffer readFile(const std::string& path)
 {
     File file(path, "the SMBIOS table is readable by root only: run as root");
     if (!file.isOpen())
@@ -36,7 +36,7 @@ std::vector<unsigned char> readFile(const std::string& path)
 using EntryPointTest = bool (*)(const unsigned char*, std::size_t);
 
 // The entry point that `test` accepts, from its first byte on; empty when the area holds none.
-std::vector<unsigned char> findEntryPoint(const std::vector<unsigned char>& area, EntryPointTest test)
+Buffer findEntryPoint(const Buffer& area, EntryPointTest test)
 {
     for (std::size_t position = 0; position + AreaStep <= area.size(); position += AreaStep) {
         const std::size_t size = std::min(area.size() - position, MaxEntryPointSize);
@@ -56,7 +56,7 @@ RawTables readMemory(const std::string& device)
             return {};
         memory.fail("cannot open", memory.error());
     }
-    const std::vector<unsigned char> area = memory.readAt(AreaAddress, AreaSize);
+    const Buffer area = memory.readAt(AreaAddress, AreaSize);
     RawTables raw;
     raw.origin = device;
     // The newest form first: firmware leaves older ones beside it for older readers, and they may tell less.

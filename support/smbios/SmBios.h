@@ -2,7 +2,9 @@
 
 #include "support/common/Export.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -23,16 +25,22 @@ public:
 class VQ_EXPORT SmBios
 {
 public:
-    /// One structure of the table.
+    /// One structure of the table: a value, which may outlive its reader. The structures of a table share its bytes,
+    /// which live as long as one of them.
     class VQ_EXPORT Table
     {
     public:
+        class VQ_INTERNAL Bytes; ///< of a whole table, the library's own affair
+
         /// An empty structure: type, length and handle 0, no data.
         Table() = default;
 
         /// A structure of these bytes: header, formatted area, string set with its final zero bytes. Bytes too few for
         /// a header count as 0.
-        explicit Table(std::vector<unsigned char> data);
+        explicit Table(const std::vector<unsigned char>& data);
+
+        /// The structure of `size` bytes at `position` of the whole table.
+        VQ_INTERNAL Table(const std::shared_ptr<const Bytes>& table, std::size_t position, std::size_t size);
 
         Table(const Table&) = default;
         Table(Table&&) = default;
@@ -51,18 +59,24 @@ public:
         /// The little-endian word at `offset`; 0 where any of its bytes lies beyond the formatted area.
         std::uint16_t getWord(unsigned char offset) const;
 
+        /// The byte at `offset` of the structure's bytes, wherever the formatted area ends; 0 beyond them.
+        std::uint8_t getDataByte(std::size_t offset) const { return offset < _size ? _data[offset] : std::uint8_t{0}; }
+
         /// The NUL-terminated text of string number `index` (from 1), as it stands in the table; null for 0 and for a
-        /// number beyond the strings. Valid while this object lives unchanged.
+        /// number beyond the strings. Valid while this object or a copy of it lives unchanged.
         const char* getString(unsigned char index) const;
 
-        /// The structure's bytes: formatted area and string set, final zero bytes included.
-        const std::vector<unsigned char>& getData() const { return _data; }
+        /// The structure's bytes: formatted area and string set, final zero bytes included. Valid while this object or
+        /// a copy of it lives unchanged. Made when it is first asked for: the other functions cost less.
+        const std::vector<unsigned char>& getData() const;
 
     private:
         std::uint8_t _type = 0;
         std::uint8_t _length = 0;
         std::uint16_t _handle = 0;
-        std::vector<unsigned char> _data;
+        std::uint32_t _size = 0;
+        const unsigned char* _data = nullptr; // in _table
+        std::shared_ptr<const Bytes> _table;
     };
 
     /// Reads entry point and table. A machine without SMBIOS gives version 0.0 and no structures. A malformed table

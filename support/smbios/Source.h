@@ -1,8 +1,9 @@
 #pragma once
 
+#include "support/smbios/Buffer.h"
+
 #include <cstddef>
 #include <string>
-#include <vector>
 
 namespace VQ
 {
@@ -10,9 +11,9 @@ namespace VQ
 /// Entry point and structure table as a platform hands them over.
 struct RawTables
 {
-    std::string origin;                    ///< the file that the entry point comes from, for error texts
-    std::vector<unsigned char> entryPoint; ///< empty: the platform has no SMBIOS
-    std::vector<unsigned char> structures;
+    std::string origin; ///< the file that the entry point comes from, for error texts
+    Buffer entryPoint;  ///< empty: the platform has no SMBIOS
+    Buffer structures;
 };
 
 /// The longest structure table that is read, in bytes: far more than the 65,536 structures that handles can tell apart

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "support/smbios/Buffer.h"
 #include "support/smbios/SmBios.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -11,7 +11,7 @@ namespace VQ
 
 /// Cuts a structure table into its structures, in one pass and never reading outside of it. Ends after `maxCount`
 /// structures, after the end-of-table structure (type 127, which is kept), and before the first structure that does
-/// not fit: a length under 4, or a formatted area or strings that run past the end.
-std::vector<SmBios::Table> parseStructures(const unsigned char* data, std::size_t size, std::uint32_t maxCount);
+/// not fit: a length under 4, or a formatted area or strings that run past the end. The structures share the bytes.
+std::vector<SmBios::Table> parseStructures(Buffer bytes, std::uint32_t maxCount);
 
 }

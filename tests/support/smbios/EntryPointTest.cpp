@@ -26,7 +26,7 @@ bool acceptsDmi(const Bytes& bytes)
 
 EntryPoint parsed(const Bytes& bytes)
 {
-    return parseEntryPoint({"the file", bytes, {}});
+    return parseEntryPoint({"the file", Buffer(bytes.begin(), bytes.end()), {}});
 }
 
 std::string errorOf(const Bytes& bytes)

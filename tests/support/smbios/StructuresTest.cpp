@@ -6,7 +6,6 @@
 
 #include <chrono>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 
 using namespace VQ;
@@ -18,12 +17,10 @@ using Types = std::vector<int>;
 
 constexpr std::uint32_t AnyCount = EntryPoint::NoCount;
 
-// From a buffer of exactly this size, so that the address sanitizer sees a read past its end.
+// From a copy without room to spare, so that the address sanitizer sees a read past its end.
 Tables parse(const Bytes& bytes, std::uint32_t maxCount = AnyCount)
 {
-    const std::unique_ptr<unsigned char[]> exact(new unsigned char[bytes.size()]);
-    std::copy(bytes.begin(), bytes.end(), exact.get());
-    return parseStructures(exact.get(), bytes.size(), maxCount);
+    return parseStructures(Buffer(bytes.begin(), bytes.end()), maxCount);
 }
 
 Types typesOf(const Tables& tables)
@@ -59,7 +56,6 @@ TEST(Structures, ComeInTheOrderOfTheTableWithAllTheirBytes)
 TEST(Structures, EmptyTableHasNone)
 {
     EXPECT_TRUE(parse({}).empty());
-    EXPECT_TRUE(parseStructures(nullptr, 0, AnyCount).empty());
 }
 
 TEST(Structures, BytesTooFewForAHeaderAreNone)

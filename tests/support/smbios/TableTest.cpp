@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <string>
+#include <thread>
 #include <type_traits>
 
 using namespace VQ;
@@ -151,7 +152,7 @@ TEST(Table, EmptyTableAnswersZeroAndNull)
     }
 }
 
-TEST(Table, CopyHasItsOwnBytes)
+TEST(Table, CopyOutlivesAndIsLeftAloneByItsOriginal)
 {
     Table original(Bytes{7, 4, 0x34, 0x12, 'L', '1', 0, 0});
     const Table copy(original);
@@ -161,7 +162,28 @@ TEST(Table, CopyHasItsOwnBytes)
     EXPECT_EQ(stringOf(copy, 1), "L1");
     original = copy;
     EXPECT_EQ(stringOf(original, 1), "L1");
-    EXPECT_NE(original.getString(1), copy.getString(1));
+    EXPECT_EQ(original.getData(), copy.getData());
+}
+
+TEST(Table, DataByteIsAnyOfTheBytesWhateverTheFormattedAreaSays)
+{
+    EXPECT_EQ(TwoStrings.getDataByte(0x05), 2);
+    EXPECT_EQ(TwoStrings.getDataByte(0x08), 'L');
+    EXPECT_EQ(TwoStrings.getDataByte(0x0E), 0);
+    EXPECT_EQ(Table(Bytes{7, 4, 0, 0, 9}).getDataByte(0x04), 9);
+    EXPECT_EQ(Table(Bytes{7, 4, 0, 0}).getDataByte(0x04), 0);
+    EXPECT_EQ(Table().getDataByte(0x00), 0);
+}
+
+TEST(Table, DataIsTheSameVectorOnEveryCallAndOnEveryThread)
+{
+    const Table copy(TwoStrings);
+    const Bytes* seen = nullptr;
+    std::thread other([&] { seen = &copy.getData(); });
+    const Bytes& own = TwoStrings.getData();
+    other.join();
+    EXPECT_EQ(seen, &own);
+    EXPECT_EQ(own.size(), 15u);
 }
 
 TEST(Table, DataIsEveryByteFinalZerosIncluded)
