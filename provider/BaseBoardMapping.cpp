@@ -1,30 +1,40 @@
 #include "inventory/BaseBoard.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
+
+#include <utility>
 
 namespace VQ
 {
 
-using Pegasus::String;
-
-void deliverBaseBoards(const String& requestedClass, Pegasus::InstanceResponseHandler& handler)
+namespace
 {
-    const Pegasus::CIMValue options = cimArray(getConfigurationOptions()); // one value, which all boards share
-    Pegasus::Uint32 index = 0;
-    for (const BaseBoard& board : GetBaseBoardInstances()) {
-        InstanceAssembly instance(requestedClass);
-        instance.add("Caption", "Base Board");
-        instance.add("Description", "Base Board");
-        instance.add("Status", "Unknown");
-        instance.add("CreationClassName", "QORTAL_BaseBoard");
-        instance.add("Manufacturer", board.getManufacturer());
-        instance.add("SerialNumber", board.getSerialNumber());
-        instance.add("Tag", String("BaseBoard") + cimText(index));
-        instance.add("Version", board.getVersion());
-        instance.add("LocationInChassis", board.getLocation());
-        instance.add("ConfigOptions", options);
-        instance.deliver(BaseBoardKeys, handler);
-        ++index;
+// A board with the configuration options, which are the whole system's: one value, which all boards share.
+struct Board : BaseBoard
+{
+    Pegasus::CIMValue options;
+};
+}
+
+void deliverBaseBoards(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
+{
+    static const PropertyTable<Board> table = {
+        {"Caption", "Base Board"},
+        {"Description", "Base Board"},
+        {"Status", "Unknown"},
+        {"CreationClassName", "QORTAL_BaseBoard", TextKey},
+        {"Manufacturer", &Board::getManufacturer},
+        {"SerialNumber", &Board::getSerialNumber},
+        {"Tag", [](const Board&, const Request& request) { return numbered("BaseBoard", request); }, TextKey},
+        {"Version", &Board::getVersion},
+        {"LocationInChassis", &Board::getLocation},
+        {"ConfigOptions", [](const Board& board, const Request&) { return board.options; }},
+    };
+    const Pegasus::CIMValue options = cimValue(getConfigurationOptions());
+    Request request(requestedClass);
+    for (BaseBoard& board : GetBaseBoardInstances()) {
+        table.deliver(Board{std::move(board), options}, request, handler);
+        ++request.index;
     }
 }
 

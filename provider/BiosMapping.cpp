@@ -1,12 +1,15 @@
 #include "inventory/Bios.h"
 #include "inventory/Firmware.h"
 #include "provider/ClassNames.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
+
+#include <string>
 
 namespace VQ
 {
 
+using Pegasus::CIMValue;
 using Pegasus::InstanceResponseHandler;
 using Pegasus::String;
 using Pegasus::Uint16;
@@ -16,51 +19,56 @@ namespace
 constexpr Uint16 ElementStateRunning = 3;  // SoftwareElementState: Running
 constexpr Uint16 TargetNotApplicable = 66; // TargetOperatingSystem: not applicable
 
-void deliverSystemBios(const String& requestedClass, InstanceResponseHandler& handler)
+CIMValue smBiosVersion(const Bios& bios, const Request&)
 {
-    const Bios bios = GetBiosInstance();
-    InstanceAssembly instance(requestedClass);
-    instance.add("Caption", "Default System BIOS");
-    instance.add("Description", "Default System BIOS");
-    instance.add("Name", "Default System BIOS");
-    instance.add("Status", "OK");
-    instance.add("BuildNumber", bios.getBuildNumber());
-    instance.add("Manufacturer", bios.getManufacturer());
-    instance.add("SerialNumber", bios.getSerialNumber());
-    instance.add("SoftwareElementID", "QORTAL_BIOS");
-    instance.add("SoftwareElementState", ElementStateRunning);
-    instance.add("TargetOperatingSystem", TargetNotApplicable);
-    instance.add("Version", bios.getVersion());
-    instance.add("CurrentLanguage", bios.getCurrentLanguage());
-    instance.add("ListOfLanguages", bios.getLanguages());
-    instance.add("LoadedEndingAddress", bios.getLoadedEndingAddress());
-    instance.add("LoadedStartingAddress", bios.getLoadedStartingAddress());
-    instance.add("PrimaryBIOS", true);
-    instance.add("ReleaseDate", bios.getReleaseDate());
-    instance.add("SMBIOSPresent", true);
-    instance.add("SMBIOSBIOSVersion",
-                 cimText(bios.getSmBiosMajorVersion()) + String(".") + cimText(bios.getSmBiosMinorVersion()));
-    instance.add("SMBIOSMajorVersion", bios.getSmBiosMajorVersion());
-    instance.add("SMBIOSMinorVersion", bios.getSmBiosMinorVersion());
-    instance.deliver(BiosKeys, handler);
+    return cimValue(std::to_string(bios.getSmBiosMajorVersion()) + "." + std::to_string(bios.getSmBiosMinorVersion()));
 }
 
-void deliverFirmware(const Firmware& firmware, const String& requestedClass, InstanceResponseHandler& handler)
+void deliverSystemBios(const String& requestedClass, InstanceResponseHandler& handler)
 {
-    InstanceAssembly instance(requestedClass);
-    instance.add("Caption", firmware.getName());
-    instance.add("Description", firmware.getName());
-    instance.add("Name", firmware.getName());
-    instance.add("Status", "Unknown");
-    instance.add("BuildNumber", firmware.getBuildNumber());
-    instance.add("Manufacturer", firmware.getManufacturer());
-    instance.add("SerialNumber", firmware.getSerialNumber());
-    instance.add("SoftwareElementID", BiosClass);
-    instance.add("SoftwareElementState", ElementStateRunning);
-    instance.add("TargetOperatingSystem", TargetNotApplicable);
-    instance.add("Version", firmware.getVersion());
-    instance.add("PrimaryBIOS", false);
-    instance.deliver(BiosKeys, handler);
+    static const PropertyTable<Bios> table = {
+        {"Caption", "Default System BIOS"},
+        {"Description", "Default System BIOS"},
+        {"Name", "Default System BIOS", TextKey},
+        {"Status", "OK"},
+        {"BuildNumber", &Bios::getBuildNumber},
+        {"Manufacturer", &Bios::getManufacturer},
+        {"SerialNumber", &Bios::getSerialNumber},
+        {"SoftwareElementID", "QORTAL_BIOS", TextKey},
+        {"SoftwareElementState", CIMValue(ElementStateRunning), NumberKey},
+        {"TargetOperatingSystem", CIMValue(TargetNotApplicable), NumberKey},
+        {"Version", &Bios::getVersion, TextKey},
+        {"CurrentLanguage", &Bios::getCurrentLanguage},
+        {"ListOfLanguages", &Bios::getLanguages},
+        {"LoadedEndingAddress", &Bios::getLoadedEndingAddress},
+        {"LoadedStartingAddress", &Bios::getLoadedStartingAddress},
+        {"PrimaryBIOS", CIMValue(true)},
+        {"ReleaseDate", &Bios::getReleaseDate},
+        {"SMBIOSPresent", CIMValue(true)},
+        {"SMBIOSBIOSVersion", smBiosVersion},
+        {"SMBIOSMajorVersion", &Bios::getSmBiosMajorVersion},
+        {"SMBIOSMinorVersion", &Bios::getSmBiosMinorVersion},
+    };
+    table.deliver(GetBiosInstance(), Request(requestedClass), handler);
+}
+
+void deliverFirmware(const String& requestedClass, InstanceResponseHandler& handler)
+{
+    static const PropertyTable<Firmware> table = {
+        {"Caption", &Firmware::getName},
+        {"Description", &Firmware::getName},
+        {"Name", &Firmware::getName, TextKey},
+        {"Status", "Unknown"},
+        {"BuildNumber", &Firmware::getBuildNumber},
+        {"Manufacturer", &Firmware::getManufacturer},
+        {"SerialNumber", &Firmware::getSerialNumber},
+        {"SoftwareElementID", BiosClass, TextKey},
+        {"SoftwareElementState", CIMValue(ElementStateRunning), NumberKey},
+        {"TargetOperatingSystem", CIMValue(TargetNotApplicable), NumberKey},
+        {"Version", &Firmware::getVersion, TextKey},
+        {"PrimaryBIOS", CIMValue(false)},
+    };
+    table.deliverEach(GetFirmwareInstances(), requestedClass, handler);
 }
 }
 
@@ -71,8 +79,7 @@ void deliverBios(const String& requestedClass, InstanceResponseHandler& handler)
         deliverSystemBios(requestedClass, handler);
     } catch (...) {
     }
-    for (const Firmware& firmware : GetFirmwareInstances())
-        deliverFirmware(firmware, requestedClass, handler);
+    deliverFirmware(requestedClass, handler);
 }
 
 }

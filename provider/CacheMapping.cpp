@@ -1,40 +1,36 @@
 #include "inventory/Cache.h"
 #include "inventory/ComputerSystem.h"
 #include "provider/ClassNames.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
 
 namespace VQ
 {
 
-using Pegasus::String;
-
-void deliverCaches(const String& requestedClass, Pegasus::InstanceResponseHandler& handler)
+void deliverCaches(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
-    Pegasus::Uint32 index = 0;
-    for (const Cache& cache : GetCacheInstances()) {
-        InstanceAssembly instance(requestedClass);
-        instance.add("Caption", "Cache");
-        instance.add("Description", "Cache");
-        instance.add("Name", cache.getDesignation());
-        instance.add("Status", "Unknown");
-        instance.add("CreationClassName", "QORTAL_CacheMemory");
-        instance.add("DeviceID", String("Cache") + cimText(index));
-        instance.add("SystemCreationClassName", ComputerSystemClass);
-        instance.add("SystemName", ComputerSystem().getName());
-        instance.add("NumberOfBlocks", cache.getNumberOfBlocks());
-        instance.add("Purpose", cache.getPurpose());
-        instance.add("Associativity", cache.getAssociativity());
-        instance.add("CacheType", cache.getType());
-        instance.add("Level", cache.getLevel());
-        instance.add("WritePolicy", cache.getWritePolicy());
-        instance.add("CacheSpeed", cache.getSpeed());
-        instance.add("MaximumInstallableSize", cache.getMaximumSize());
-        instance.add("Location", cache.getLocation());
-        instance.add("InstalledSize", cache.getSize());
-        instance.deliver(CacheMemoryKeys, handler);
-        ++index;
-    }
+    static const PropertyTable<Cache> table = {
+        {"Caption", "Cache"},
+        {"Description", "Cache"},
+        {"Name", &Cache::getDesignation},
+        {"Status", "Unknown"},
+        {"CreationClassName", "QORTAL_CacheMemory", TextKey},
+        {"DeviceID", [](const Cache&, const Request& request) { return numbered("Cache", request); }, TextKey},
+        {"SystemCreationClassName", ComputerSystemClass, TextKey},
+        // A new computer system for each cache: whoever watches the probe library sees it asked as often.
+        {"SystemName", [](const Cache&, const Request&) { return cimValue(ComputerSystem().getName()); }, TextKey},
+        {"NumberOfBlocks", &Cache::getNumberOfBlocks},
+        {"Purpose", &Cache::getPurpose},
+        {"Associativity", &Cache::getAssociativity},
+        {"CacheType", &Cache::getType},
+        {"Level", &Cache::getLevel},
+        {"WritePolicy", &Cache::getWritePolicy},
+        {"CacheSpeed", &Cache::getSpeed},
+        {"MaximumInstallableSize", &Cache::getMaximumSize},
+        {"Location", &Cache::getLocation},
+        {"InstalledSize", &Cache::getSize},
+    };
+    table.deliverEach(GetCacheInstances(), requestedClass, handler);
 }
 
 }

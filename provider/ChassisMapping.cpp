@@ -1,23 +1,23 @@
 #include "inventory/Chassis.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
 
 namespace VQ
 {
 
 void deliverChassis(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
-    const Chassis chassis = GetChassisInstance();
-    InstanceAssembly instance(requestedClass);
-    instance.add("Caption", "Chassis");
-    instance.add("Description", "Chassis");
-    instance.add("Status", "Unknown");
-    instance.add("CreationClassName", "QORTAL_Chassis");
-    instance.add("Manufacturer", chassis.getManufacturer());
-    instance.add("SerialNumber", chassis.getSerialNumber());
-    instance.add("Tag", "Chassis0");
-    instance.add("Version", chassis.getVersion());
-    instance.deliver(ChassisKeys, handler);
+    static const PropertyTable<Chassis> table = {
+        {"Caption", "Chassis"},
+        {"Description", "Chassis"},
+        {"Status", "Unknown"},
+        {"CreationClassName", "QORTAL_Chassis", TextKey},
+        {"Manufacturer", &Chassis::getManufacturer},
+        {"SerialNumber", &Chassis::getSerialNumber},
+        {"Tag", "Chassis0", TextKey},
+        {"Version", &Chassis::getVersion},
+    };
+    table.deliver(GetChassisInstance(), Request(requestedClass), handler);
 }
 
 }

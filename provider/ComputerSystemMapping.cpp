@@ -1,25 +1,33 @@
 #include "inventory/ComputerSystem.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
 
 namespace VQ
 {
 
+namespace
+{
+Pegasus::CIMValue virtualType(const ComputerSystem& system, const Request&)
+{
+    return cimValue(static_cast<Pegasus::Uint16>(system.getVirtualType()));
+}
+}
+
 void deliverComputerSystem(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
-    const ComputerSystem system = GetComputerSystemInstance();
-    InstanceAssembly instance(requestedClass);
-    instance.add("Caption", "Computer System");
-    instance.add("Description", system.getDescription());
-    instance.add("Name", system.getName());
-    instance.add("Status", "Unknown");
-    instance.add("CreationClassName", "QORTAL_ComputerSystem");
-    instance.add("PrimaryOwnerContact", system.getOwnerContact());
-    instance.add("PrimaryOwnerName", system.getOwnerName());
-    instance.add("Model", system.getModel());
-    instance.add("VirtualType", static_cast<Pegasus::Uint16>(system.getVirtualType()));
-    instance.add("VirtualizationMethodName", system.getVirtualMethod());
-    instance.deliver(ComputerSystemKeys, handler);
+    static const PropertyTable<ComputerSystem> table = {
+        {"Caption", "Computer System"},
+        {"Description", &ComputerSystem::getDescription},
+        {"Name", &ComputerSystem::getName, TextKey},
+        {"Status", "Unknown"},
+        {"CreationClassName", "QORTAL_ComputerSystem", TextKey},
+        {"PrimaryOwnerContact", &ComputerSystem::getOwnerContact},
+        {"PrimaryOwnerName", &ComputerSystem::getOwnerName},
+        {"Model", &ComputerSystem::getModel},
+        {"VirtualType", virtualType},
+        {"VirtualizationMethodName", &ComputerSystem::getVirtualMethod},
+    };
+    table.deliver(GetComputerSystemInstance(), Request(requestedClass), handler);
 }
 
 }

@@ -1,10 +1,12 @@
 #include "inventory/ComputerSystem.h"
 #include "os/OperatingSystem.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
 
 namespace VQ
 {
+
+using Pegasus::CIMValue;
 
 namespace
 {
@@ -15,50 +17,56 @@ DateTime unknownDate()
 }
 
 // A date that can't be had does not cost the rest of the instance.
-void addInstallDate(InstanceAssembly& instance, const OperatingSystem& system)
+CIMValue installDate(const OperatingSystem& system, const Request&)
 {
     try {
         const DateTime date = system.getInstallDate();
-        if (date != unknownDate())
-            instance.add("InstallDate", date);
+        return date != unknownDate() ? cimValue(date) : CIMValue();
     } catch (...) {
+        return CIMValue();
     }
+}
+
+CIMValue computerSystemName(const OperatingSystem&, const Request&)
+{
+    return cimValue(ComputerSystem().getName());
 }
 }
 
 void deliverOperatingSystem(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
-    const OperatingSystem system = GetOperatingSystemInstance();
-    InstanceAssembly instance(requestedClass);
-    instance.add("Caption", system.getName());
-    instance.add("Description", system.getName());
-    addInstallDate(instance, system);
-    instance.add("Name", system.getName());
-    instance.add("Status", "Unknown");
-    instance.add("CreationClassName", "QORTAL_OperatingSystem");
-    instance.add("CSCreationClassName", "QORTAL_ComputerSystem");
-    instance.add("CSName", ComputerSystem().getName());
-    instance.add("CurrentTimeZone", system.getCurrentTimeZone());
-    instance.add("Distributed", system.getDistributed());
-    instance.add("FreePhysicalMemory", system.getFreePhysicalMemory());
-    instance.add("FreeSpaceInPagingFiles", system.getFreeSpaceInPagingFiles());
-    instance.add("FreeVirtualMemory", system.getFreeVirtualMemory());
-    instance.add("LastBootUpTime", system.getLastBootUpTime());
-    instance.add("LocalDateTime", system.getLocalDateTime());
-    instance.add("MaxNumberOfProcesses", system.getMaxNumberOfProcesses());
-    instance.add("MaxProcessMemorySize", system.getMaxProcessMemorySize());
-    instance.add("NumberOfLicensedUsers", system.getNumberOfLicensedUsers());
-    instance.add("NumberOfProcesses", system.getNumberOfProcesses());
-    instance.add("NumberOfUsers", system.getNumberOfUsers());
-    instance.add("OSType", system.getType());
-    instance.add("SizeStoredInPagingFiles", system.getSizeStoredInPagingFiles());
-    instance.add("TotalSwapSpaceSize", system.getTotalSwapSpaceSize());
-    instance.add("TotalVirtualMemorySize", system.getTotalVirtualMemorySize());
-    instance.add("TotalVisibleMemorySize", system.getTotalVisibleMemorySize());
-    instance.add("Version", system.getVersion());
-    instance.add("CodeSet", system.getCodeSet());
-    instance.add("LanguageEdition", system.getLanguageEdition());
-    instance.deliver(OperatingSystemKeys, handler);
+    // What changes is asked for at its row, not once for the instance.
+    static const PropertyTable<OperatingSystem> table = {
+        {"Caption", &OperatingSystem::getName},
+        {"Description", &OperatingSystem::getName},
+        {"InstallDate", installDate},
+        {"Name", &OperatingSystem::getName, TextKey},
+        {"Status", "Unknown"},
+        {"CreationClassName", "QORTAL_OperatingSystem", TextKey},
+        {"CSCreationClassName", "QORTAL_ComputerSystem", TextKey},
+        {"CSName", computerSystemName, TextKey},
+        {"CurrentTimeZone", &OperatingSystem::getCurrentTimeZone},
+        {"Distributed", &OperatingSystem::getDistributed},
+        {"FreePhysicalMemory", &OperatingSystem::getFreePhysicalMemory},
+        {"FreeSpaceInPagingFiles", &OperatingSystem::getFreeSpaceInPagingFiles},
+        {"FreeVirtualMemory", &OperatingSystem::getFreeVirtualMemory},
+        {"LastBootUpTime", &OperatingSystem::getLastBootUpTime},
+        {"LocalDateTime", &OperatingSystem::getLocalDateTime},
+        {"MaxNumberOfProcesses", &OperatingSystem::getMaxNumberOfProcesses},
+        {"MaxProcessMemorySize", &OperatingSystem::getMaxProcessMemorySize},
+        {"NumberOfLicensedUsers", &OperatingSystem::getNumberOfLicensedUsers},
+        {"NumberOfProcesses", &OperatingSystem::getNumberOfProcesses},
+        {"NumberOfUsers", &OperatingSystem::getNumberOfUsers},
+        {"OSType", &OperatingSystem::getType},
+        {"SizeStoredInPagingFiles", &OperatingSystem::getSizeStoredInPagingFiles},
+        {"TotalSwapSpaceSize", &OperatingSystem::getTotalSwapSpaceSize},
+        {"TotalVirtualMemorySize", &OperatingSystem::getTotalVirtualMemorySize},
+        {"TotalVisibleMemorySize", &OperatingSystem::getTotalVisibleMemorySize},
+        {"Version", &OperatingSystem::getVersion},
+        {"CodeSet", &OperatingSystem::getCodeSet},
+        {"LanguageEdition", &OperatingSystem::getLanguageEdition},
+    };
+    table.deliver(GetOperatingSystemInstance(), Request(requestedClass), handler);
 }
 
 }

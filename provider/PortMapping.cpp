@@ -1,34 +1,35 @@
 #include "inventory/Port.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
 
 namespace VQ
 {
 
-using Pegasus::String;
-
-void deliverPorts(const String& requestedClass, Pegasus::InstanceResponseHandler& handler)
+namespace
 {
-    Pegasus::Uint32 index = 0;
-    for (const Port& port : GetPortInstances()) {
-        const std::string external = port.getExternalReferenceDesignator();
-        const std::string internal = port.getInternalReferenceDesignator();
-        InstanceAssembly instance(requestedClass);
-        instance.add("Caption", "Port Connector");
-        instance.add("Description", "Port Connector");
-        instance.add("Name", external);
-        instance.add("Status", "Unknown");
-        instance.add("CreationClassName", "QORTAL_Port");
-        instance.add("Tag", String("PortConnector") + cimText(index));
-        if (!external.empty())
-            instance.add("ExternalReferenceDesignator", external);
-        if (!internal.empty())
-            instance.add("InternalReferenceDesignator", internal);
-        instance.add("PortType", port.getType());
-        instance.add("ConnectorType", port.getConnectors());
-        instance.deliver(PortKeys, handler);
-        ++index;
-    }
+Pegasus::CIMValue unlessEmpty(const std::string& text)
+{
+    return text.empty() ? Pegasus::CIMValue() : cimValue(text);
+}
+}
+
+void deliverPorts(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
+{
+    static const PropertyTable<Port> table = {
+        {"Caption", "Port Connector"},
+        {"Description", "Port Connector"},
+        {"Name", &Port::getExternalReferenceDesignator},
+        {"Status", "Unknown"},
+        {"CreationClassName", "QORTAL_Port", TextKey},
+        {"Tag", [](const Port&, const Request& request) { return numbered("PortConnector", request); }, TextKey},
+        {"ExternalReferenceDesignator",
+         [](const Port& port, const Request&) { return unlessEmpty(port.getExternalReferenceDesignator()); }},
+        {"InternalReferenceDesignator",
+         [](const Port& port, const Request&) { return unlessEmpty(port.getInternalReferenceDesignator()); }},
+        {"PortType", &Port::getType},
+        {"ConnectorType", &Port::getConnectors},
+    };
+    table.deliverEach(GetPortInstances(), requestedClass, handler);
 }
 
 }

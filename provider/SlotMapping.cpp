@@ -1,23 +1,22 @@
 #include "inventory/Slot.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
 
 namespace VQ
 {
 
 void deliverSlots(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
-    for (const Slot& slot : GetSlotInstances()) {
-        InstanceAssembly instance(requestedClass);
-        instance.add("Caption", "System Slot");
-        instance.add("Description", "System Slot");
-        instance.add("Name", slot.getDesignation());
-        instance.add("Status", "Unknown");
-        instance.add("CreationClassName", "QORTAL_Slot");
+    static const PropertyTable<Slot> table = {
+        {"Caption", "System Slot"},
+        {"Description", "System Slot"},
+        {"Name", &Slot::getDesignation},
+        {"Status", "Unknown"},
+        {"CreationClassName", "QORTAL_Slot", TextKey},
         // The designation, not a counter: slots designated alike have the same path, and all are delivered.
-        instance.add("Tag", slot.getDesignation());
-        instance.deliver(SlotKeys, handler);
-    }
+        {"Tag", &Slot::getDesignation, TextKey},
+    };
+    table.deliverEach(GetSlotInstances(), requestedClass, handler);
 }
 
 }

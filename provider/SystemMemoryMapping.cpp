@@ -1,40 +1,53 @@
 #include "os/OperatingSystem.h"
-#include "provider/InstanceAssembly.h"
 #include "provider/Mappings.h"
+#include "provider/PropertyTable.h"
 #include "support/common/System.h"
 
 namespace VQ
 {
 
+using Pegasus::CIMValue;
 using Pegasus::Uint64;
 
 namespace
 {
-Uint64 totalBytes(const OperatingSystem& system)
+CIMValue requestedName(const OperatingSystem&, const Request& request)
 {
-    return system.getTotalPhysicalMemory() << 10;
+    return CIMValue(request.className.getString());
+}
+
+CIMValue hostName(const OperatingSystem&, const Request&)
+{
+    return cimValue(System::getName());
+}
+
+CIMValue totalBytes(const OperatingSystem& system, const Request&)
+{
+    return cimValue(system.getTotalPhysicalMemory() << 10);
 }
 }
 
 void deliverSystemMemory(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
-    const OperatingSystem system = GetOperatingSystemInstance();
-    InstanceAssembly instance(requestedClass);
-    instance.add("Caption", "Logical System Memory");
-    instance.add("Description", "System Memory");
-    instance.add("Name", "System Memory");
-    instance.add("CreationClassName", requestedClass);
-    instance.add("DeviceID", "System Memory");
-    instance.add("SystemCreationClassName", "QORTAL_ComputerSystem");
-    instance.add("SystemName", System::getName());
-    instance.add("BlockSize", Uint64{1});
-    instance.add("ConsumableBlocks", totalBytes(system));
-    instance.add("NumberOfBlocks", totalBytes(system));
-    instance.add("SequentialAccess", false);
-    instance.add("Volatile", true);
-    instance.add("StartingAddress", Uint64{0});
-    instance.add("EndingAddress", totalBytes(system)); // one past the last byte, as it always was
-    instance.deliver(SystemMemoryKeys, handler);
+    // The path writes it so, though the property is "DeviceID".
+    constexpr Key deviceId{Pegasus::CIMKeyBinding::STRING, "DeviceId"};
+    static const PropertyTable<OperatingSystem> table = {
+        {"Caption", "Logical System Memory"},
+        {"Description", "System Memory"},
+        {"Name", "System Memory"},
+        {"CreationClassName", requestedName, TextKey},
+        {"DeviceID", "System Memory", deviceId},
+        {"SystemCreationClassName", "QORTAL_ComputerSystem", TextKey},
+        {"SystemName", hostName, TextKey},
+        {"BlockSize", CIMValue(Uint64{1})},
+        {"ConsumableBlocks", totalBytes},
+        {"NumberOfBlocks", totalBytes},
+        {"SequentialAccess", CIMValue(false)},
+        {"Volatile", CIMValue(true)},
+        {"StartingAddress", CIMValue(Uint64{0})},
+        {"EndingAddress", totalBytes}, // one past the last byte: with the start at 0 it is the size
+    };
+    table.deliver(GetOperatingSystemInstance(), Request(requestedClass), handler);
 }
 
 }
