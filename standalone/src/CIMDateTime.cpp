@@ -8,11 +8,11 @@ namespace Pegasus
 {
 namespace
 {
-constexpr Uint32 LENGTH = 25;
-constexpr Uint32 DOT = 14;
-constexpr Uint32 MICROSECONDS = 15;
-constexpr Uint32 SIGN = 21;
-constexpr Uint32 OFFSET = 22;
+constexpr Uint32 Length = 25;
+constexpr Uint32 Dot = 14;
+constexpr Uint32 Microseconds = 15;
+constexpr Uint32 Sign = 21;
+constexpr Uint32 Offset = 22;
 
 struct Field
 {
@@ -25,21 +25,21 @@ struct Field
 
 enum TimestampField
 {
-    YEAR,
-    MONTH,
-    DAY,
-    HOUR,
-    MINUTE,
-    SECOND
+    Year,
+    Month,
+    Day,
+    Hour,
+    Minute,
+    Second
 };
 
 // Down to the second; the microseconds follow apart, since single digits of them may be unknown.
-constexpr Field TIMESTAMP[] = {{0, 4, 0, 9999, "year"}, {4, 2, 1, 12, "month"},   {6, 2, 1, 31, "day"},
-                               {8, 2, 0, 23, "hour"},   {10, 2, 0, 59, "minute"}, {12, 2, 0, 59, "second"}};
-constexpr Field INTERVAL[] = {
+constexpr Field TimestampFields[] = {{0, 4, 0, 9999, "year"}, {4, 2, 1, 12, "month"},   {6, 2, 1, 31, "day"},
+                                     {8, 2, 0, 23, "hour"},   {10, 2, 0, 59, "minute"}, {12, 2, 0, 59, "second"}};
+constexpr Field IntervalFields[] = {
     {0, 8, 0, 99999999, "days"}, {8, 2, 0, 23, "hour"}, {10, 2, 0, 59, "minute"}, {12, 2, 0, 59, "second"}};
 
-constexpr int UNKNOWN = -1;
+constexpr int Unknown = -1;
 
 bool isDigit(char c)
 {
@@ -56,12 +56,12 @@ int number(const char* digits, Uint32 width)
 
 int daysInMonth(int year, int month)
 {
-    static const int DAYS[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    static const int Days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    return month == 2 && leap ? 29 : DAYS[month - 1];
+    return month == 2 && leap ? 29 : Days[month - 1];
 }
 
-/// The field's number, or UNKNOWN. Throws where it is neither, or follows an unknown one and is known.
+/// The field's number, or Unknown. Throws where it is neither, or follows an unknown one and is known.
 int readField(const char* text, const Field& field, bool& unknownBefore)
 {
     Uint32 digits = 0;
@@ -72,7 +72,7 @@ int readField(const char* text, const Field& field, bool& unknownBefore)
     }
     if (asterisks == field.width) {
         unknownBefore = true;
-        return UNKNOWN;
+        return Unknown;
     }
     if (digits != field.width || unknownBefore)
         throw InvalidDateTimeFormatException();
@@ -81,7 +81,7 @@ int readField(const char* text, const Field& field, bool& unknownBefore)
 
 void checkMicroseconds(const char* text, bool unknownBefore)
 {
-    for (Uint32 i = MICROSECONDS; i < SIGN; ++i) {
+    for (Uint32 i = Microseconds; i < Sign; ++i) {
         if (text[i] == '*')
             unknownBefore = true;
         else if (!isDigit(text[i]) || unknownBefore)
@@ -91,11 +91,11 @@ void checkMicroseconds(const char* text, bool unknownBefore)
 
 void checkRange(int value, int smallest, int largest, const char* name)
 {
-    if (value != UNKNOWN && (value < smallest || value > largest))
+    if (value != Unknown && (value < smallest || value > largest))
         throw DateTimeOutOfRangeException(String("CIM datetime with an impossible ") + String(name));
 }
 
-using Timestamp = std::array<int, SECOND + 1>;
+using Timestamp = std::array<int, Second + 1>;
 
 template <std::size_t N> void checkFields(const char* text, const Field (&fields)[N], std::array<int, N>& values)
 {
@@ -110,39 +110,39 @@ template <std::size_t N> void checkFields(const char* text, const Field (&fields
 void checkTimestamp(const char* text)
 {
     Timestamp fields = {};
-    checkFields(text, TIMESTAMP, fields);
-    if (fields[DAY] != UNKNOWN)
-        checkRange(fields[DAY], 1, daysInMonth(fields[YEAR], fields[MONTH]), "day");
+    checkFields(text, TimestampFields, fields);
+    if (fields[Day] != Unknown)
+        checkRange(fields[Day], 1, daysInMonth(fields[Year], fields[Month]), "day");
 }
 
 void checkInterval(const char* text)
 {
-    if (std::strcmp(text + OFFSET, "000") != 0)
+    if (std::strcmp(text + Offset, "000") != 0)
         throw InvalidDateTimeFormatException();
     std::array<int, 4> fields = {};
-    checkFields(text, INTERVAL, fields);
+    checkFields(text, IntervalFields, fields);
 }
 
 void nextDay(Timestamp& t)
 {
-    if (++t[DAY] <= daysInMonth(t[YEAR], t[MONTH]))
+    if (++t[Day] <= daysInMonth(t[Year], t[Month]))
         return;
-    t[DAY] = 1;
-    if (++t[MONTH] > 12) {
-        t[MONTH] = 1;
-        ++t[YEAR];
+    t[Day] = 1;
+    if (++t[Month] > 12) {
+        t[Month] = 1;
+        ++t[Year];
     }
 }
 
 void previousDay(Timestamp& t)
 {
-    if (--t[DAY] >= 1)
+    if (--t[Day] >= 1)
         return;
-    if (--t[MONTH] < 1) {
-        t[MONTH] = 12;
-        --t[YEAR];
+    if (--t[Month] < 1) {
+        t[Month] = 12;
+        --t[Year];
     }
-    t[DAY] = daysInMonth(t[YEAR], t[MONTH]);
+    t[Day] = daysInMonth(t[Year], t[Month]);
 }
 
 /// The fields of a timestamp in UTC, as far as they are known.
@@ -150,22 +150,22 @@ Timestamp inUtc(const char* text)
 {
     Timestamp t = {};
     bool unknown = false;
-    for (int i = YEAR; i <= SECOND; ++i)
-        t[i] = readField(text, TIMESTAMP[i], unknown);
-    if (t[HOUR] == UNKNOWN)
+    for (int i = Year; i <= Second; ++i)
+        t[i] = readField(text, TimestampFields[i], unknown);
+    if (t[Hour] == Unknown)
         return t;
-    const bool minuteKnown = t[MINUTE] != UNKNOWN;
-    int offset = number(text + OFFSET, 3) * (text[SIGN] == '-' ? -1 : 1);
+    const bool minuteKnown = t[Minute] != Unknown;
+    int offset = number(text + Offset, 3) * (text[Sign] == '-' ? -1 : 1);
     if (!minuteKnown)
         offset -= offset % 60;
-    int minutes = t[HOUR] * 60 + (minuteKnown ? t[MINUTE] : 0) - offset;
+    int minutes = t[Hour] * 60 + (minuteKnown ? t[Minute] : 0) - offset;
     for (; minutes < 0; minutes += 24 * 60)
         previousDay(t);
     for (; minutes >= 24 * 60; minutes -= 24 * 60)
         nextDay(t);
-    t[HOUR] = minutes / 60;
+    t[Hour] = minutes / 60;
     if (minuteKnown)
-        t[MINUTE] = minutes % 60;
+        t[Minute] = minutes % 60;
     return t;
 }
 
@@ -178,18 +178,18 @@ bool equalWhereKnown(const char* a, const char* b, Uint32 from, Uint32 to)
     return true;
 }
 
-// Years before 0000 and after 9999 appear here only, by an offset; UNKNOWN is such a year too, so it is looked for
+// Years before 0000 and after 9999 appear here only, by an offset; Unknown is such a year too, so it is looked for
 // in the text.
 bool equalTimestamps(const char* a, const char* b)
 {
     const Timestamp first = inUtc(a);
     const Timestamp second = inUtc(b);
-    for (int i = YEAR; i <= SECOND; ++i) {
-        const Uint32 position = TIMESTAMP[i].position;
+    for (int i = Year; i <= Second; ++i) {
+        const Uint32 position = TimestampFields[i].position;
         if (a[position] != '*' && b[position] != '*' && first[i] != second[i])
             return false;
     }
-    return equalWhereKnown(a, b, MICROSECONDS, SIGN);
+    return equalWhereKnown(a, b, Microseconds, Sign);
 }
 }
 
@@ -199,47 +199,37 @@ CIMDateTime::CIMDateTime(const String& text)
 {
     const CString utf8 = text.getCString();
     const char* const characters = utf8;
-    if (std::strlen(characters) != LENGTH || text.size() != LENGTH || characters[DOT] != '.')
+    if (std::strlen(characters) != Length || text.size() != Length || characters[Dot] != '.')
         throw InvalidDateTimeFormatException();
     std::memcpy(text_, characters, sizeof text_);
-    for (Uint32 i = OFFSET; i < LENGTH; ++i) {
+    for (Uint32 i = Offset; i < Length; ++i) {
         if (!isDigit(text_[i]))
             throw InvalidDateTimeFormatException();
     }
-    if (text_[SIGN] == ':')
+    if (text_[Sign] == ':')
         checkInterval(text_);
-    else if (text_[SIGN] == '+' || text_[SIGN] == '-')
+    else if (text_[Sign] == '+' || text_[Sign] == '-')
         checkTimestamp(text_);
     else
         throw InvalidDateTimeFormatException();
-    if (std::strcmp(text_ + SIGN, "-000") == 0)
-        text_[SIGN] = '+';
+    if (std::strcmp(text_ + Sign, "-000") == 0)
+        text_[Sign] = '+';
 }
 
 String CIMDateTime::toString() const
 {
-    return String(text_, LENGTH);
+    return String(text_, Length);
 }
 
 Boolean CIMDateTime::isInterval() const
 {
-    return text_[SIGN] == ':';
-}
-
-Boolean CIMDateTime::equal(const CIMDateTime& other) const
-{
-    if (isInterval() != other.isInterval())
-        throw TypeMismatchException("comparison of a timestamp with an interval");
-    return isInterval() ? equalWhereKnown(text_, other.text_, 0, SIGN) : equalTimestamps(text_, other.text_);
+    return text_[Sign] == ':';
 }
 
 Boolean operator==(const CIMDateTime& a, const CIMDateTime& b)
 {
-    return a.equal(b);
-}
-
-Boolean operator!=(const CIMDateTime& a, const CIMDateTime& b)
-{
-    return !a.equal(b);
+    if (a.isInterval() != b.isInterval())
+        throw TypeMismatchException("comparison of a timestamp with an interval");
+    return a.isInterval() ? equalWhereKnown(a.text_, b.text_, 0, Sign) : equalTimestamps(a.text_, b.text_);
 }
 }

@@ -92,23 +92,10 @@ Uint32 CIMInstance::getPropertyCount() const
     return static_cast<Uint32>(rep().properties.size());
 }
 
-Boolean CIMInstance::identical(const CIMInstance& other) const
-{
-    if (!getPath().identical(other.getPath()) || getPropertyCount() != other.getPropertyCount())
-        return false;
-    for (Uint32 i = 0; i < getPropertyCount(); ++i) {
-        if (!propertyAt(i).identical(other.propertyAt(i)))
-            return false;
-    }
-    return true;
-}
-
 CIMInstance CIMInstance::clone() const
 {
-    CIMInstance copy(getClassName());
-    copy.setPath(getPath());
-    for (const CIMProperty& property : rep().properties)
-        copy.addProperty(property.clone());
+    CIMInstance copy;
+    copy.rep_ = std::make_shared<Rep>(rep());
     return copy;
 }
 }

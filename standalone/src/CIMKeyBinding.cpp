@@ -66,9 +66,4 @@ Boolean operator==(const CIMKeyBinding& a, const CIMKeyBinding& b)
         return false;
     }
 }
-
-Boolean operator!=(const CIMKeyBinding& a, const CIMKeyBinding& b)
-{
-    return !(a == b);
-}
 }

@@ -39,11 +39,6 @@ String legalNamespace(const String& name)
 CIMName::CIMName(const String& name) : name_(legalName(name)) {}
 CIMName::CIMName(const char* name) : CIMName(String(name)) {}
 
-Boolean CIMName::equal(const CIMName& other) const
-{
-    return String::equalNoCase(name_, other.name_);
-}
-
 Boolean CIMName::legal(const String& name)
 {
     if (name.size() == 0 || !isNameStart(name[0]))
@@ -57,21 +52,16 @@ Boolean CIMName::legal(const String& name)
 
 Boolean operator==(const CIMName& a, const CIMName& b)
 {
-    return a.equal(b);
+    return String::equalNoCase(a.getString(), b.getString());
 }
 
 Boolean operator!=(const CIMName& a, const CIMName& b)
 {
-    return !a.equal(b);
+    return !(a == b);
 }
 
 CIMNamespaceName::CIMNamespaceName(const String& name) : name_(legalNamespace(name)) {}
 CIMNamespaceName::CIMNamespaceName(const char* name) : CIMNamespaceName(String(name)) {}
-
-Boolean CIMNamespaceName::equal(const CIMNamespaceName& other) const
-{
-    return String::equalNoCase(name_, other.name_);
-}
 
 Boolean CIMNamespaceName::legal(const String& name)
 {
@@ -88,11 +78,6 @@ Boolean CIMNamespaceName::legal(const String& name)
 
 Boolean operator==(const CIMNamespaceName& a, const CIMNamespaceName& b)
 {
-    return a.equal(b);
-}
-
-Boolean operator!=(const CIMNamespaceName& a, const CIMNamespaceName& b)
-{
-    return !a.equal(b);
+    return String::equalNoCase(a.getString(), b.getString());
 }
 }

@@ -4,21 +4,20 @@
 #include "ObjectPathParser.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace Pegasus
 {
 namespace
 {
-const Char16 QUOTE('"');
-const Char16 BACKSLASH('\\');
+const Char16 Quote('"');
+const Char16 Backslash('\\');
 
 String escaped(const String& value)
 {
     String text;
     for (Uint32 i = 0; i < value.size(); ++i) {
-        if (value[i] == QUOTE || value[i] == BACKSLASH)
-            text.append(BACKSLASH);
+        if (value[i] == Quote || value[i] == Backslash)
+            text.append(Backslash);
         text.append(value[i]);
     }
     return text;
@@ -58,11 +57,13 @@ void CIMObjectPath::setHost(const String& host)
 
 void CIMObjectPath::setKeyBindings(const Array<CIMKeyBinding>& keyBindings)
 {
-    std::vector<CIMKeyBinding> sorted(keyBindings.getData(), keyBindings.getData() + keyBindings.size());
-    std::stable_sort(sorted.begin(), sorted.end(), [](const CIMKeyBinding& a, const CIMKeyBinding& b) {
+    keyBindings_ = keyBindings;
+    if (keyBindings.size() < 2)
+        return;
+    CIMKeyBinding* const first = &keyBindings_[0];
+    std::stable_sort(first, first + keyBindings_.size(), [](const CIMKeyBinding& a, const CIMKeyBinding& b) {
         return String::compareNoCase(a.getName().getString(), b.getName().getString()) < 0;
     });
-    keyBindings_ = Array<CIMKeyBinding>(sorted.data(), static_cast<Uint32>(sorted.size()));
 }
 
 String CIMObjectPath::toString() const
@@ -78,19 +79,9 @@ String CIMObjectPath::toString() const
     return text;
 }
 
-Boolean CIMObjectPath::identical(const CIMObjectPath& other) const
-{
-    return String::equalNoCase(host_, other.host_) && nameSpace_ == other.nameSpace_ &&
-           className_ == other.className_ && keyBindings_ == other.keyBindings_;
-}
-
 Boolean operator==(const CIMObjectPath& a, const CIMObjectPath& b)
 {
-    return a.identical(b);
-}
-
-Boolean operator!=(const CIMObjectPath& a, const CIMObjectPath& b)
-{
-    return !a.identical(b);
+    return String::equalNoCase(a.getHost(), b.getHost()) && a.getNameSpace() == b.getNameSpace() &&
+           a.getClassName() == b.getClassName() && a.getKeyBindings() == b.getKeyBindings();
 }
 }

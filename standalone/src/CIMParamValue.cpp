@@ -7,14 +7,13 @@ struct CIMParamValue::Rep
 {
     String parameterName;
     CIMValue value;
-    Boolean isTyped;
 };
 
-CIMParamValue::CIMParamValue(const String& parameterName, const CIMValue& value, Boolean isTyped)
+CIMParamValue::CIMParamValue(const String& parameterName, const CIMValue& value, Boolean)
 {
     if (parameterName.size() == 0)
         throw UninitializedObjectException();
-    rep_ = std::make_shared<const Rep>(Rep{parameterName, value, isTyped});
+    rep_ = std::make_shared<const Rep>(Rep{parameterName, value});
 }
 
 const CIMParamValue::Rep& CIMParamValue::rep() const
@@ -32,10 +31,5 @@ const String& CIMParamValue::getParameterName() const
 const CIMValue& CIMParamValue::getValue() const
 {
     return rep().value;
-}
-
-Boolean CIMParamValue::isTyped() const
-{
-    return rep().isTyped;
 }
 }

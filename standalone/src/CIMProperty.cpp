@@ -3,15 +3,6 @@
 
 namespace Pegasus
 {
-namespace
-{
-void requireFixedSize(const CIMValue& value, Uint32 arraySize)
-{
-    if (arraySize != 0 && (!value.isArray() || value.getArraySize() != arraySize))
-        throw TypeMismatchException();
-}
-}
-
 struct CIMProperty::Rep
 {
     CIMName name;
@@ -26,13 +17,14 @@ CIMProperty::CIMProperty(const CIMName& name, const CIMValue& value, Uint32 arra
 {
     if (name.isNull())
         throw UninitializedObjectException();
-    requireFixedSize(value, arraySize);
+    if (arraySize != 0 && (!value.isArray() || value.getArraySize() != arraySize))
+        throw TypeMismatchException();
     if (!referenceClassName.isNull())
         throw TypeMismatchException();
-    rep_ = std::make_shared<Rep>(Rep{name, value, arraySize, classOrigin, propagated});
+    rep_ = std::make_shared<const Rep>(Rep{name, value, arraySize, classOrigin, propagated});
 }
 
-CIMProperty::Rep& CIMProperty::rep() const
+const CIMProperty::Rep& CIMProperty::rep() const
 {
     if (!rep_)
         throw UninitializedObjectException();
@@ -47,14 +39,6 @@ const CIMName& CIMProperty::getName() const
 const CIMValue& CIMProperty::getValue() const
 {
     return rep().value;
-}
-
-void CIMProperty::setValue(const CIMValue& value)
-{
-    if (!rep().value.typeCompatible(value))
-        throw TypeMismatchException();
-    requireFixedSize(value, rep().arraySize);
-    rep().value = value;
 }
 
 CIMType CIMProperty::getType() const
@@ -86,20 +70,5 @@ Uint32 CIMProperty::getQualifierCount() const
 {
     rep();
     return 0;
-}
-
-Boolean CIMProperty::identical(const CIMProperty& other) const
-{
-    const Rep& a = rep();
-    const Rep& b = other.rep();
-    return a.name == b.name && a.value == b.value && a.arraySize == b.arraySize && a.classOrigin == b.classOrigin &&
-           a.propagated == b.propagated;
-}
-
-CIMProperty CIMProperty::clone() const
-{
-    CIMProperty copy;
-    copy.rep_ = std::make_shared<Rep>(rep());
-    return copy;
 }
 }

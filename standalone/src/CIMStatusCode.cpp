@@ -6,7 +6,7 @@ namespace Pegasus
 {
 const char* cimStatusCodeToString(CIMStatusCode code)
 {
-    static const char* const NAMES[] = {
+    static const char* const Names[] = {
         "CIM_ERR_SUCCESS",
         "CIM_ERR_FAILED",
         "CIM_ERR_ACCESS_DENIED",
@@ -27,6 +27,6 @@ const char* cimStatusCodeToString(CIMStatusCode code)
         "CIM_ERR_METHOD_NOT_FOUND",
     };
     const std::size_t index = static_cast<std::size_t>(code);
-    return index < sizeof NAMES / sizeof *NAMES ? NAMES[index] : "unknown CIM status code";
+    return index < sizeof Names / sizeof *Names ? Names[index] : "unknown CIM status code";
 }
 }

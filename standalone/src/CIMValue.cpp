@@ -1,7 +1,6 @@
 #include <Pegasus/Common/CIMValue.h>
 #include <Pegasus/Common/Exception.h>
 
-#include <cstdio>
 #include <string>
 #include <type_traits>
 
@@ -29,10 +28,6 @@ template <class Function> auto withType(CIMType type, Function function)
         return function(static_cast<Uint64*>(nullptr));
     case CIMTYPE_SINT64:
         return function(static_cast<Sint64*>(nullptr));
-    case CIMTYPE_REAL32:
-        return function(static_cast<Real32*>(nullptr));
-    case CIMTYPE_REAL64:
-        return function(static_cast<Real64*>(nullptr));
     case CIMTYPE_STRING:
         return function(static_cast<String*>(nullptr));
     case CIMTYPE_DATETIME:
@@ -55,18 +50,6 @@ template <class Integer> String text(Integer value)
 String text(Boolean value)
 {
     return value ? "TRUE" : "FALSE";
-}
-
-String text(Real64 value)
-{
-    char digits[32];
-    std::snprintf(digits, sizeof digits, "%.16e", value);
-    return digits;
-}
-
-String text(Real32 value)
-{
-    return text(static_cast<Real64>(value));
 }
 
 String text(const String& value)
@@ -121,8 +104,6 @@ VQ_CIM_SCALAR(Uint32, Uint32, CIMTYPE_UINT32)
 VQ_CIM_SCALAR(Sint32, Sint32, CIMTYPE_SINT32)
 VQ_CIM_SCALAR(Uint64, Uint64, CIMTYPE_UINT64)
 VQ_CIM_SCALAR(Sint64, Sint64, CIMTYPE_SINT64)
-VQ_CIM_SCALAR(Real32, Real32, CIMTYPE_REAL32)
-VQ_CIM_SCALAR(Real64, Real64, CIMTYPE_REAL64)
 VQ_CIM_SCALAR(String, const String&, CIMTYPE_STRING)
 VQ_CIM_SCALAR(CIMDateTime, const CIMDateTime&, CIMTYPE_DATETIME)
 VQ_CIM_ARRAY(Boolean, CIMTYPE_BOOLEAN)
@@ -158,25 +139,15 @@ String CIMValue::toString() const
     });
 }
 
-Boolean CIMValue::equal(const CIMValue& other) const
-{
-    if (!typeCompatible(other) || isNull() != other.isNull())
-        return false;
-    if (isNull())
-        return true;
-    return withType(type_, [&](auto* tag) {
-        using T = std::remove_pointer_t<decltype(tag)>;
-        return isArray_ ? held<Array<T>>(data_) == held<Array<T>>(other.data_) : held<T>(data_) == held<T>(other.data_);
-    });
-}
-
 Boolean operator==(const CIMValue& a, const CIMValue& b)
 {
-    return a.equal(b);
-}
-
-Boolean operator!=(const CIMValue& a, const CIMValue& b)
-{
-    return !a.equal(b);
+    if (!a.typeCompatible(b) || a.isNull() != b.isNull())
+        return false;
+    if (a.isNull())
+        return true;
+    return withType(a.type_, [&](auto* tag) {
+        using T = std::remove_pointer_t<decltype(tag)>;
+        return a.isArray_ ? held<Array<T>>(a.data_) == held<Array<T>>(b.data_) : held<T>(a.data_) == held<T>(b.data_);
+    });
 }
 }

@@ -12,8 +12,8 @@ namespace Pegasus
 {
 namespace
 {
-const Char16 QUOTE('"');
-const Char16 BACKSLASH('\\');
+const Char16 Quote('"');
+const Char16 Backslash('\\');
 
 bool startsWith(const String& text, const String& start)
 {
@@ -147,7 +147,7 @@ CIMKeyBinding ObjectPathParser::keyBinding()
     if (!CIMName::legal(name))
         fail("no legal key name");
 
-    if (rest_[0] == QUOTE) {
+    if (rest_[0] == Quote) {
         const String value = quotedValue();
         try {
             const CIMObjectPath reference(value);
@@ -175,10 +175,10 @@ String ObjectPathParser::quotedValue()
 {
     String value;
     Uint32 at = 1;
-    for (; at < rest_.size() && rest_[at] != QUOTE; ++at) {
-        if (rest_[at] == BACKSLASH) {
+    for (; at < rest_.size() && rest_[at] != Quote; ++at) {
+        if (rest_[at] == Backslash) {
             ++at;
-            if (rest_[at] != QUOTE && rest_[at] != BACKSLASH)
+            if (rest_[at] != Quote && rest_[at] != Backslash)
                 fail("an unknown escape in a key value");
         }
         value.append(rest_[at]);

@@ -8,7 +8,7 @@ namespace Pegasus
 {
 namespace
 {
-const Char16 ZERO;
+const Char16 Zero;
 
 Uint16 lowered(Uint16 unit)
 {
@@ -41,15 +41,15 @@ Uint32 sequenceLength(unsigned char lead)
 /// Decodes the character of `length` bytes at `bytes`. False where it is not one, or a longer form than needed.
 bool decode(const unsigned char* bytes, Uint32 length, Uint32& character)
 {
-    static const unsigned char LEAD_BITS[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
-    static const Uint32 SMALLEST[] = {0, 0, 0x80, 0x800, 0x10000};
-    character = bytes[0] & LEAD_BITS[length];
+    static const unsigned char LeadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    static const Uint32 Smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    character = bytes[0] & LeadBits[length];
     for (Uint32 i = 1; i < length; ++i) {
         if ((bytes[i] & 0xC0) != 0x80)
             return false;
         character = character << 6 | (bytes[i] & 0x3F);
     }
-    return character >= SMALLEST[length] && character <= 0x10FFFF;
+    return character >= Smallest[length] && character <= 0x10FFFF;
 }
 
 void encode(Uint32 character, std::string& utf8)
@@ -117,12 +117,12 @@ void String::assignUtf8(const char* text, Uint32 size)
         i += length;
     }
     if (!text_.empty())
-        text_.push_back(ZERO);
+        text_.push_back(Zero);
 }
 
-const Char16* String::getChar16Data() const
+const Char16* String::data() const
 {
-    return text_.empty() ? &ZERO : text_.data();
+    return text_.empty() ? &Zero : text_.data();
 }
 
 CString String::getCString() const
@@ -144,7 +144,7 @@ Char16& String::operator[](Uint32 index)
     if (index > size())
         throw IndexOutOfBoundsException();
     if (text_.empty())
-        text_.push_back(ZERO);
+        text_.push_back(Zero);
     return text_[index];
 }
 
@@ -152,7 +152,7 @@ const Char16& String::operator[](Uint32 index) const
 {
     if (index > size())
         throw IndexOutOfBoundsException();
-    return getChar16Data()[index];
+    return data()[index];
 }
 
 String& String::append(const Char16& unit)
@@ -161,7 +161,7 @@ String& String::append(const Char16& unit)
     if (!text_.empty())
         text_.pop_back();
     text_.push_back(added);
-    text_.push_back(ZERO);
+    text_.push_back(Zero);
     return *this;
 }
 
@@ -173,33 +173,27 @@ String& String::append(const Char16* text, Uint32 size)
     if (!text_.empty())
         text_.pop_back();
     text_.insert(text_.end(), added.begin(), added.end());
-    text_.push_back(ZERO);
+    text_.push_back(Zero);
     return *this;
 }
 
 String& String::append(const String& text)
 {
-    return append(text.getChar16Data(), text.size());
+    return append(text.data(), text.size());
 }
 
 String String::subString(Uint32 index, Uint32 length) const
 {
     if (index >= size())
         return String();
-    return String(getChar16Data() + index, std::min(length, size() - index));
+    return String(data() + index, std::min(length, size() - index));
 }
 
 Uint32 String::find(Char16 unit) const
 {
-    return find(String(&unit, 1));
-}
-
-Uint32 String::find(const String& text) const
-{
-    const Char16* const end = getChar16Data() + size();
-    const Char16* const found =
-        std::search(getChar16Data(), end, text.getChar16Data(), text.getChar16Data() + text.size());
-    return text.size() == 0 || found == end ? PEG_NOT_FOUND : static_cast<Uint32>(found - getChar16Data());
+    const Char16* const end = data() + size();
+    const Char16* const found = std::find(data(), end, unit);
+    return found == end ? PEG_NOT_FOUND : static_cast<Uint32>(found - data());
 }
 
 void String::toLower()
@@ -236,15 +230,5 @@ String operator+(const String& a, const String& b)
 Boolean operator==(const String& a, const String& b)
 {
     return String::equal(a, b);
-}
-
-Boolean operator!=(const String& a, const String& b)
-{
-    return !String::equal(a, b);
-}
-
-Boolean operator<(const String& a, const String& b)
-{
-    return String::compare(a, b) < 0;
 }
 }

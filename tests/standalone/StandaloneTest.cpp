@@ -17,7 +17,9 @@ using namespace Pegasus;
 
 TEST(Standalone, RemovingBeyondTheEndOfAnArrayThrowsAndChangesNothing)
 {
-    Array<Uint32> array(2);
+    Array<Uint32> array;
+    array.append(1);
+    array.append(2);
     EXPECT_THROW(array.remove(2), IndexOutOfBoundsException);
     EXPECT_THROW(array.remove(1, 2), IndexOutOfBoundsException);
     EXPECT_THROW(array.remove(0, PEG_NOT_FOUND), IndexOutOfBoundsException);
@@ -27,7 +29,6 @@ TEST(Standalone, RemovingBeyondTheEndOfAnArrayThrowsAndChangesNothing)
 TEST(Standalone, CloningAnUninitializedObjectThrows)
 {
     EXPECT_THROW(CIMInstance().clone(), UninitializedObjectException);
-    EXPECT_THROW(CIMProperty().clone(), UninitializedObjectException);
 }
 
 TEST(Standalone, ALiteralIsNoBooleanValue)
@@ -56,9 +57,10 @@ TEST(Standalone, AnUnknownCodeOrTypeHasANameToo)
 
 TEST(Standalone, AMovedArrayIsEmpty)
 {
-    Array<String> from(3);
+    Array<String> from;
+    from.append("a");
     const Array<String> to(std::move(from));
-    EXPECT_EQ(3u, to.size());
+    EXPECT_EQ(1u, to.size());
     EXPECT_EQ(0u, from.size());
     EXPECT_THROW(from[0], IndexOutOfBoundsException);
 }

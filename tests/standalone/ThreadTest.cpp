@@ -20,16 +20,24 @@ namespace
 constexpr int THREADS = 4;
 constexpr int ROUNDS = 2000;
 
+template <class T> Array<T> arrayOf(const T& element, int count)
+{
+    Array<T> array;
+    for (int i = 0; i < count; ++i)
+        array.append(element);
+    return array;
+}
+
 /// One object of each kind. Every thread works on a Sample of its own that was copied from the same one.
 struct Sample
 {
     String string = "a text";
-    Array<String> array = Array<String>(3);
+    Array<String> array = arrayOf(String("an element"), 3);
     CIMValue value = CIMValue(String("a value"));
     CIMObjectPath path = CIMObjectPath(String("//h/root:C.a=\"1\",b=2"));
     CIMInstance instance = CIMInstance(CIMName("C"));
     CIMConstInstance constant = CIMConstInstance(instance);
-    CIMProperty property = CIMProperty(CIMName("P"), CIMValue(Array<Uint16>(4)));
+    CIMProperty property = CIMProperty(CIMName("P"), CIMValue(arrayOf(Uint16(1), 4)));
     CIMParamValue parameter = CIMParamValue("Force", CIMValue(Boolean(true)));
     CIMException exception = CIMException(CIM_ERR_FAILED, "a failure");
 

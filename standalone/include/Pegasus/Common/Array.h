@@ -14,11 +14,10 @@ template <class T> class PEGASUS_EXPORT Array
 {
 public:
     Array() = default;
-    /// `size` default values.
-    explicit Array(Uint32 size) : elements_(new T[size]()), size_(size), capacity_(size) {}
-    /// A copy of `size` values.
-    Array(const T* items, Uint32 size) : Array(size) { std::copy(items, items + size, elements_.get()); }
-    Array(const Array& other) : Array(other.elements_.get(), other.size_) {}
+    Array(const Array& other) : elements_(new T[other.size_]()), size_(other.size_), capacity_(other.size_)
+    {
+        std::copy(other.elements_.get(), other.elements_.get() + size_, elements_.get());
+    }
     Array(Array&& other) noexcept { swap(other); }
     Array& operator=(Array other) noexcept
     {
@@ -28,7 +27,6 @@ public:
     ~Array() = default;
 
     Uint32 size() const { return size_; }
-    const T* getData() const { return elements_.get(); }
 
     T& operator[](Uint32 index)
     {
@@ -104,6 +102,12 @@ private:
 
 template <class T> Boolean operator==(const Array<T>& a, const Array<T>& b)
 {
-    return std::equal(a.getData(), a.getData() + a.size(), b.getData(), b.getData() + b.size());
+    if (a.size() != b.size())
+        return false;
+    for (Uint32 i = 0; i < a.size(); ++i) {
+        if (!(a[i] == b[i]))
+            return false;
+    }
+    return true;
 }
 }

@@ -20,14 +20,14 @@ public:
     /// The 25 characters.
     String toString() const;
     Boolean isInterval() const;
-    /// The same instant in UTC, or the same length. An unknown digit equals every digit; an offset counts as far as
-    /// the hours and minutes it would change are known. Throws TypeMismatchException for a timestamp and an interval.
-    Boolean equal(const CIMDateTime& other) const;
 
 private:
+    friend Boolean operator==(const CIMDateTime& a, const CIMDateTime& b);
+
     char text_[26]; // the 25 characters, ending in a zero
 };
 
+/// The same instant in UTC, or the same length. An unknown digit equals every digit; an offset counts as far as the
+/// hours and minutes it would change are known. Throws TypeMismatchException for a timestamp and an interval.
 PEGASUS_EXPORT Boolean operator==(const CIMDateTime& a, const CIMDateTime& b);
-PEGASUS_EXPORT Boolean operator!=(const CIMDateTime& a, const CIMDateTime& b);
 }

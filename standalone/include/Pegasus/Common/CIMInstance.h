@@ -10,7 +10,7 @@
 namespace Pegasus
 {
 /// An instance of a class: its path and its properties in the order they were added. It is a reference object:
-/// copies are the same instance, clone() makes another one with properties of its own.
+/// copies are the same instance, clone() makes another one.
 /// Using a default-constructed one throws UninitializedObjectException.
 class PEGASUS_EXPORT CIMInstance
 {
@@ -24,8 +24,8 @@ public:
     /// Throws UninitializedObjectException for a path without a class, TypeMismatchException for another class's.
     void setPath(const CIMObjectPath& path);
 
-    /// The instance shares the property from then on. Throws AlreadyExistsException where it has one of that name,
-    /// UninitializedObjectException for a default-constructed property.
+    /// Throws AlreadyExistsException where the instance has a property of that name, UninitializedObjectException for a
+    /// default-constructed property.
     CIMInstance& addProperty(const CIMProperty& property);
     /// The position of the property of that name, or PEG_NOT_FOUND.
     Uint32 findProperty(const CIMName& name) const;
@@ -36,8 +36,6 @@ public:
     Uint32 getPropertyCount() const;
 
     Boolean isUninitialized() const { return !rep_; }
-    /// Equal paths, and equal properties in the same order.
-    Boolean identical(const CIMInstance& other) const;
     CIMInstance clone() const;
 
 private:
@@ -55,13 +53,7 @@ public:
     CIMConstInstance() = default;
     CIMConstInstance(const CIMInstance& instance) : instance_(instance) {}
 
-    const CIMName& getClassName() const { return instance_.getClassName(); }
-    const CIMObjectPath& getPath() const { return instance_.getPath(); }
-    Uint32 findProperty(const CIMName& name) const { return instance_.findProperty(name); }
     CIMConstProperty getProperty(Uint32 index) const { return instance_.getProperty(index); }
-    Uint32 getPropertyCount() const { return instance_.getPropertyCount(); }
-    Boolean isUninitialized() const { return instance_.isUninitialized(); }
-    CIMInstance clone() const { return instance_.clone(); }
 
 private:
     CIMInstance instance_;

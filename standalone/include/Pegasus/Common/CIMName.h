@@ -17,8 +17,6 @@ public:
 
     const String& getString() const { return name_; }
     Boolean isNull() const { return name_.size() == 0; }
-    void clear() { name_ = String(); }
-    Boolean equal(const CIMName& other) const;
 
     /// True for a letter, an underscore or a character from U+0080 to U+FFEF, followed by such or by digits.
     static Boolean legal(const String& name);
@@ -42,8 +40,6 @@ public:
 
     const String& getString() const { return name_; }
     Boolean isNull() const { return name_.size() == 0; }
-    void clear() { name_ = String(); }
-    Boolean equal(const CIMNamespaceName& other) const;
 
     static Boolean legal(const String& name);
 
@@ -52,5 +48,4 @@ private:
 };
 
 PEGASUS_EXPORT Boolean operator==(const CIMNamespaceName& a, const CIMNamespaceName& b);
-PEGASUS_EXPORT Boolean operator!=(const CIMNamespaceName& a, const CIMNamespaceName& b);
 }

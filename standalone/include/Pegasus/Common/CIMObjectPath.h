@@ -41,7 +41,6 @@ private:
 /// The same name, type and value: strings as they are, Booleans without case, numbers by value (decimal or
 /// hexadecimal, with a sign), references as paths. What is no number or no path compares as it is written.
 PEGASUS_EXPORT Boolean operator==(const CIMKeyBinding& a, const CIMKeyBinding& b);
-PEGASUS_EXPORT Boolean operator!=(const CIMKeyBinding& a, const CIMKeyBinding& b);
 
 /// The name of a class or an instance, with value semantics: //host/namespace:Class.key="value",...
 /// Its keys are kept sorted by name, without case.
@@ -66,8 +65,6 @@ public:
     void setKeyBindings(const Array<CIMKeyBinding>& keyBindings);
 
     String toString() const;
-    /// Equal in every part; host, namespace, class and key names without case.
-    Boolean identical(const CIMObjectPath& other) const;
 
 private:
     String host_;
@@ -76,6 +73,6 @@ private:
     Array<CIMKeyBinding> keyBindings_;
 };
 
+/// Equal in every part; host, namespace, class and key names without case.
 PEGASUS_EXPORT Boolean operator==(const CIMObjectPath& a, const CIMObjectPath& b);
-PEGASUS_EXPORT Boolean operator!=(const CIMObjectPath& a, const CIMObjectPath& b);
 }

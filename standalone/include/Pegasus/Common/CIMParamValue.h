@@ -13,14 +13,12 @@ class PEGASUS_EXPORT CIMParamValue
 {
 public:
     CIMParamValue() = default;
-    /// `isTyped` says whether the value's type came with the request. Throws UninitializedObjectException for an
-    /// empty name.
+    /// `isTyped` says whether the value's type came with the request; nothing here asks for it. Throws
+    /// UninitializedObjectException for an empty name.
     CIMParamValue(const String& parameterName, const CIMValue& value, Boolean isTyped = true);
 
     const String& getParameterName() const;
     const CIMValue& getValue() const;
-    Boolean isTyped() const;
-    Boolean isUninitialized() const { return !rep_; }
 
 private:
     struct Rep;

@@ -9,7 +9,7 @@
 
 namespace Pegasus
 {
-/// A named value of an instance. It is a reference object: copies are the same property, clone() makes another one.
+/// A named value of an instance. It never changes, and its copies are the same property.
 /// Using a default-constructed one throws UninitializedObjectException.
 class PEGASUS_EXPORT CIMProperty
 {
@@ -24,8 +24,6 @@ public:
 
     const CIMName& getName() const;
     const CIMValue& getValue() const;
-    /// Throws TypeMismatchException for a value of another type or another fixed size.
-    void setValue(const CIMValue& value);
     CIMType getType() const;
     Boolean isArray() const;
     /// The size of a fixed-size array, else 0.
@@ -35,18 +33,14 @@ public:
     /// 0: properties of this library have no qualifiers.
     Uint32 getQualifierCount() const;
 
-    Boolean isUninitialized() const { return !rep_; }
-    Boolean identical(const CIMProperty& other) const;
-    CIMProperty clone() const;
-
 private:
     struct Rep;
-    Rep& rep() const;
+    const Rep& rep() const;
 
-    std::shared_ptr<Rep> rep_;
+    std::shared_ptr<const Rep> rep_;
 };
 
-/// A property that can only be read; it still sees the changes made through a CIMProperty that it shares.
+/// A property of a constant instance.
 class PEGASUS_EXPORT CIMConstProperty
 {
 public:
@@ -57,12 +51,9 @@ public:
     const CIMValue& getValue() const { return property_.getValue(); }
     CIMType getType() const { return property_.getType(); }
     Boolean isArray() const { return property_.isArray(); }
-    Uint32 getArraySize() const { return property_.getArraySize(); }
     const CIMName& getClassOrigin() const { return property_.getClassOrigin(); }
     Boolean getPropagated() const { return property_.getPropagated(); }
     Uint32 getQualifierCount() const { return property_.getQualifierCount(); }
-    Boolean isUninitialized() const { return property_.isUninitialized(); }
-    CIMProperty clone() const { return property_.clone(); }
 
 private:
     CIMProperty property_;

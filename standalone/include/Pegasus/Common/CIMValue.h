@@ -29,8 +29,6 @@ public:
     CIMValue(Sint32 value);
     CIMValue(Uint64 value);
     CIMValue(Sint64 value);
-    CIMValue(Real32 value);
-    CIMValue(Real64 value);
     CIMValue(const String& value);
     CIMValue(const CIMDateTime& value);
     CIMValue(const Array<Boolean>& value);
@@ -66,8 +64,6 @@ public:
     void get(Sint32& value) const;
     void get(Uint64& value) const;
     void get(Sint64& value) const;
-    void get(Real32& value) const;
-    void get(Real64& value) const;
     void get(String& value) const;
     void get(CIMDateTime& value) const;
     void get(Array<Boolean>& value) const;
@@ -85,10 +81,10 @@ public:
     /// Text for people: the value as it is, TRUE or FALSE, an array's values each followed by a space, nothing
     /// for null.
     String toString() const;
-    /// The same type and an equal value; two nulls of one type are equal.
-    Boolean equal(const CIMValue& other) const;
 
 private:
+    friend Boolean operator==(const CIMValue& a, const CIMValue& b);
+
     /// False for null; throws TypeMismatchException where the type is another one.
     bool holds(CIMType type, bool isArray) const;
 
@@ -98,6 +94,6 @@ private:
     std::shared_ptr<const void> data_; // a T or an Array<T> by type_ and isArray_
 };
 
+/// The same type and an equal value; two nulls of one type are equal.
 PEGASUS_EXPORT Boolean operator==(const CIMValue& a, const CIMValue& b);
-PEGASUS_EXPORT Boolean operator!=(const CIMValue& a, const CIMValue& b);
 }

@@ -14,8 +14,6 @@ using Uint32 = unsigned int;
 using Sint32 = int;
 using Uint64 = unsigned long long;
 using Sint64 = long long;
-using Real32 = float;
-using Real64 = double;
 
 /// What a search returns that found nothing.
 constexpr Uint32 PEG_NOT_FOUND = 0xFFFFFFFF;

@@ -37,8 +37,6 @@ public:
 
     /// The number of UTF-16 units.
     Uint32 size() const { return text_.empty() ? 0 : static_cast<Uint32>(text_.size() - 1); }
-    /// The units, followed by a zero unit.
-    const Char16* getChar16Data() const;
     /// The text as UTF-8.
     CString getCString() const;
 
@@ -47,15 +45,12 @@ public:
     const Char16& operator[](Uint32 index) const;
 
     String& append(const Char16& unit);
-    String& append(const Char16* text, Uint32 size);
     String& append(const String& text);
 
     /// At most `length` units from `index` on; empty where `index` lies beyond the text.
     String subString(Uint32 index, Uint32 length = PEG_NOT_FOUND) const;
     /// The first position of `unit`, or PEG_NOT_FOUND.
     Uint32 find(Char16 unit) const;
-    /// The first position of `text`, or PEG_NOT_FOUND; an empty text is never found.
-    Uint32 find(const String& text) const;
     void toLower();
 
     /// Negative, zero or positive as `a` is before, equal to or after `b` by UTF-16 units.
@@ -66,12 +61,13 @@ public:
 
 private:
     void assignUtf8(const char* text, Uint32 size);
+    String& append(const Char16* text, Uint32 size);
+    /// The units, followed by a zero unit.
+    const Char16* data() const;
 
     std::vector<Char16> text_; // ends in a zero unit, unless it is empty
 };
 
 PEGASUS_EXPORT String operator+(const String& a, const String& b);
 PEGASUS_EXPORT Boolean operator==(const String& a, const String& b);
-PEGASUS_EXPORT Boolean operator!=(const String& a, const String& b);
-PEGASUS_EXPORT Boolean operator<(const String& a, const String& b);
 }
