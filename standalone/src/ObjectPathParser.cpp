@@ -6,6 +6,8 @@
 
 #include <arpa/inet.h>
 #include <cctype>
+#include <net/if.h>
+#include <netinet/in.h>
 #include <string>
 
 namespace Pegasus
@@ -55,10 +57,22 @@ bool legalHostName(const std::string& name)
     }
 }
 
-bool legalAddress(int family, const std::string& address)
+bool legalIpv4Address(const std::string& address)
 {
-    unsigned char binary[16];
-    return inet_pton(family, address.c_str(), binary) == 1;
+    in_addr binary;
+    return inet_pton(AF_INET, address.c_str(), &binary) == 1;
+}
+
+/// An address of the local link is one only together with an interface of this machine, after a percent sign.
+bool legalIpv6Address(const std::string& address)
+{
+    const std::string::size_type percent = address.find('%');
+    in6_addr binary;
+    if (inet_pton(AF_INET6, address.substr(0, percent).c_str(), &binary) != 1)
+        return false;
+    if (binary.s6_addr[0] != 0xFE || binary.s6_addr[1] != 0x80)
+        return percent == std::string::npos;
+    return percent != std::string::npos && if_nametoindex(address.substr(percent + 1).c_str()) != 0;
 }
 }
 
@@ -74,11 +88,11 @@ bool ObjectPathParser::legalHost(const String& host)
     if (!rest.empty() && (rest[0] != ':' || !legalPort(rest.substr(1))))
         return false;
     if (bracketed)
-        return legalAddress(AF_INET6, name);
+        return legalIpv6Address(name);
     // A host name's last part is never a number, so what ends in one must be an address.
     const std::string last = name.substr(name.rfind('.') + 1);
     const bool numeric = !last.empty() && last.find_first_not_of("0123456789") == std::string::npos;
-    return numeric ? legalAddress(AF_INET, name) : legalHostName(name);
+    return numeric ? legalIpv4Address(name) : legalHostName(name);
 }
 
 void ObjectPathParser::fail(const char* reason) const

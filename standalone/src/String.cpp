@@ -9,6 +9,7 @@ namespace Pegasus
 namespace
 {
 const Char16 Zero;
+constexpr Uint32 ReplacementCharacter = 0xFFFD;
 
 Uint16 lowered(Uint16 unit)
 {
@@ -50,6 +51,12 @@ bool decode(const unsigned char* bytes, Uint32 length, Uint32& character)
         character = character << 6 | (bytes[i] & 0x3F);
     }
     return character >= Smallest[length] && character <= 0x10FFFF;
+}
+
+/// What no text may hold: half a surrogate pair written as UTF-8, and the last two units, which are no characters.
+bool isForbidden(Uint32 character)
+{
+    return (character >= 0xD800 && character <= 0xDFFF) || character == 0xFFFE || character == 0xFFFF;
 }
 
 void encode(Uint32 character, std::string& utf8)
@@ -111,9 +118,10 @@ void String::assignUtf8(const char* text, Uint32 size)
             throw Exception(String("no UTF-8 at byte ") + String(std::to_string(i).c_str()) + String(" of a text"));
         if (character >= 0x10000) {
             text_.push_back(static_cast<Uint16>(0xD800 + ((character - 0x10000) >> 10)));
-            character = 0xDC00 + (character & 0x3FF);
+            text_.push_back(static_cast<Uint16>(0xDC00 + (character & 0x3FF)));
+        } else {
+            text_.push_back(static_cast<Uint16>(isForbidden(character) ? ReplacementCharacter : character));
         }
-        text_.push_back(static_cast<Uint16>(character));
         i += length;
     }
     if (!text_.empty())

@@ -6,5 +6,6 @@ endif()
 execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${GOLDEN} ${ACTUAL} RESULT_VARIABLE differs)
 if(NOT differs EQUAL 0)
     execute_process(COMMAND diff -u ${GOLDEN} ${ACTUAL})
-    message(FATAL_ERROR "The CIM library does not behave as ${GOLDEN} says")
+    message(FATAL_ERROR "The CIM library does not behave as ${GOLDEN} says. Where the program was changed, the text is "
+        "rewritten by `cmake --build BUILD --target update-conformance`, BUILD being configured with -DVQ_CIM=openpegasus.")
 endif()

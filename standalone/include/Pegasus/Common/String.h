@@ -28,7 +28,8 @@ public:
     static const String EMPTY;
 
     String() = default;
-    /// From UTF-8 text ending in a zero byte. Throws Exception for a null pointer and for anything that is not UTF-8.
+    /// From UTF-8 text ending in a zero byte. Throws Exception for a null pointer and for anything that is not UTF-8;
+    /// half a surrogate pair, U+FFFE and U+FFFF become the replacement character.
     String(const char* text);
     /// From `size` bytes of UTF-8, zero bytes included; throws as above.
     String(const char* text, Uint32 size);
