@@ -71,9 +71,9 @@ int run(Arguments arguments)
     if (!arguments.information.empty())
         return print(arguments.information, Done);
     leaveForRoot(arguments);
-    const std::string moduleFile = arguments.moduleFile.empty() ? defaultModuleFile() : arguments.moduleFile;
     if (arguments.command == Command::Check)
         return runCheck(arguments);
+    const std::string moduleFile = arguments.moduleFile.empty() ? defaultModuleFile() : arguments.moduleFile;
     std::unique_ptr<SharedLibrary> dumpReader;
     if (arguments.dumpFile) {
         checkDumpFile(*arguments.dumpFile);
