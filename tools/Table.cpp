@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace VQ::Tool
@@ -103,8 +104,9 @@ Table readTable(const std::optional<std::string>& dumpFile)
         const EntryPoint entryPoint = parseEntryPoint(raw);
         table.majorVersion = entryPoint.majorVersion;
         table.minorVersion = entryPoint.minorVersion;
-        const std::size_t size = std::min<std::size_t>(raw.structures.size(), entryPoint.tableLength);
-        const Structures structures = parseStructures(raw.structures.data(), size, entryPoint.structureCount);
+        Buffer announced = raw.structures;
+        announced.resize(std::min<std::size_t>(announced.size(), entryPoint.tableLength));
+        const Structures structures = parseStructures(std::move(announced), entryPoint.structureCount);
         look(table, raw, entryPoint, structures);
         lookForLanguages(table, structures);
         for (const SmBios::Table& structure : structures)
