@@ -1,10 +1,10 @@
 #include "inventory/ComputerSystem.h"
 
+#include "inventory/Selection.h"
 #include "support/common/DynamicLibrary.h"
 #include "support/common/ProductName.h"
 #include "support/common/System.h"
 #include "support/common/Text.h"
-#include "support/smbios/SmBios.h"
 #include "support/smbios/TableTypes.h"
 
 namespace VQ
@@ -24,17 +24,11 @@ using Probe = int (*)();
 ProductName systemProductName()
 {
     const SmBios smBios;
-    const auto& tables = smBios.getTables();
-    // Counted in 8 bits on purpose: with 256 structures none is examined, with 257 only the first. Management software
-    // recognises a machine by this model, so a machine must not come to have another one.
-    const auto count = static_cast<std::uint8_t>(tables.size());
-    for (std::uint8_t i = 0; i < count; ++i) {
-        if (tables[i].getType() != 1)
-            continue;
-        const TableType1 system(tables[i]);
-        return ProductName(make_string(system.getString(system.getByte(0x05)))); // Product Name
-    }
-    return ProductName("");
+    const SmBios::Table* found = firstCountedIn8Bits(smBios, 1);
+    if (!found)
+        return ProductName("");
+    const TableType1 system(*found);
+    return ProductName(make_string(system.getString(system.getByte(0x05)))); // Product Name
 }
 }
 

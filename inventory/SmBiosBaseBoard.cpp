@@ -1,5 +1,6 @@
 #include "inventory/SmBiosBaseBoard.h"
 
+#include "inventory/Selection.h"
 #include "support/common/Text.h"
 #include "support/smbios/TableTypes.h"
 
@@ -35,12 +36,7 @@ SmBiosBaseBoard::SmBiosBaseBoard(const SmBios::Table& table)
 
 std::vector<BaseBoard> GetBaseBoardInstances()
 {
-    std::vector<BaseBoard> boards;
-    const SmBios smBios;
-    for (const SmBios::Table& table : smBios.getTables())
-        if (table.getType() == 2)
-            boards.push_back(SmBiosBaseBoard(table));
-    return boards;
+    return recordsOf<BaseBoard, SmBiosBaseBoard>(2);
 }
 
 std::vector<std::string> getConfigurationOptions()

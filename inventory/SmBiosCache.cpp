@@ -1,5 +1,6 @@
 #include "inventory/SmBiosCache.h"
 
+#include "inventory/Selection.h"
 #include "support/common/Text.h"
 #include "support/smbios/TableTypes.h"
 
@@ -69,12 +70,7 @@ SmBiosCache::SmBiosCache(const SmBios::Table& table)
 
 std::vector<Cache> GetCacheInstances()
 {
-    std::vector<Cache> caches;
-    const SmBios smBios;
-    for (const SmBios::Table& table : smBios.getTables())
-        if (table.getType() == 7)
-            caches.push_back(SmBiosCache(table));
-    return caches;
+    return recordsOf<Cache, SmBiosCache>(7);
 }
 
 }

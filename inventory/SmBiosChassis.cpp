@@ -1,5 +1,6 @@
 #include "inventory/SmBiosChassis.h"
 
+#include "inventory/Selection.h"
 #include "support/common/Text.h"
 #include "support/smbios/TableTypes.h"
 
@@ -18,13 +19,10 @@ SmBiosChassis::SmBiosChassis(const SmBios::Table& table)
 Chassis GetChassisInstance()
 {
     const SmBios smBios;
-    const auto& tables = smBios.getTables();
-    // Counted in 8 bits on purpose: with 256 structures none is examined, with 257 only the first.
-    const auto count = static_cast<std::uint8_t>(tables.size());
-    for (std::uint8_t i = 0; i < count; ++i)
-        if (tables[i].getType() == 3)
-            return SmBiosChassis(tables[i]);
-    return Chassis();
+    const SmBios::Table* enclosure = firstCountedIn8Bits(smBios, 3);
+    if (!enclosure)
+        return Chassis();
+    return SmBiosChassis(*enclosure);
 }
 
 }

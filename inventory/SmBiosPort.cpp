@@ -1,5 +1,6 @@
 #include "inventory/SmBiosPort.h"
 
+#include "inventory/Selection.h"
 #include "support/common/Text.h"
 #include "support/smbios/TableTypes.h"
 
@@ -18,12 +19,7 @@ SmBiosPort::SmBiosPort(const SmBios::Table& table)
 
 std::vector<Port> GetPortInstances()
 {
-    std::vector<Port> ports;
-    const SmBios smBios;
-    for (const SmBios::Table& table : smBios.getTables())
-        if (table.getType() == 8)
-            ports.push_back(SmBiosPort(table));
-    return ports;
+    return recordsOf<Port, SmBiosPort>(8);
 }
 
 }

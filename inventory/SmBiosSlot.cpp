@@ -1,5 +1,6 @@
 #include "inventory/SmBiosSlot.h"
 
+#include "inventory/Selection.h"
 #include "support/smbios/TableTypes.h"
 
 namespace VQ
@@ -14,12 +15,7 @@ SmBiosSlot::SmBiosSlot(const SmBios::Table& table)
 
 std::vector<Slot> GetSlotInstances()
 {
-    std::vector<Slot> slots;
-    const SmBios smBios;
-    for (const SmBios::Table& table : smBios.getTables())
-        if (table.getType() == 9)
-            slots.push_back(SmBiosSlot(table));
-    return slots;
+    return recordsOf<Slot, SmBiosSlot>(9);
 }
 
 }

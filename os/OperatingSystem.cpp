@@ -19,8 +19,6 @@ constexpr std::uint16_t TypeUnknown = 0;
 constexpr std::uint16_t TypeOther = 1;
 constexpr std::uint16_t TypeLinux = 36;
 
-constexpr unsigned int LocalWithOffset = DateTime::Local | DateTime::WithOffset;
-
 struct sysinfo kernelFigures()
 {
     struct sysinfo figures
@@ -102,17 +100,17 @@ std::int16_t OperatingSystem::getCurrentTimeZone() const
 
 DateTime OperatingSystem::getInstallDate() const
 {
-    return DateTime(0, LocalWithOffset);
+    return DateTime(0, DateTime::LocalWithOffset);
 }
 
 DateTime OperatingSystem::getLocalDateTime() const
 {
-    return DateTime(std::time(nullptr), LocalWithOffset);
+    return DateTime(std::time(nullptr), DateTime::LocalWithOffset);
 }
 
 DateTime OperatingSystem::getLastBootUpTime() const
 {
-    return DateTime(std::time(nullptr) - kernelFigures().uptime, LocalWithOffset);
+    return DateTime(std::time(nullptr) - kernelFigures().uptime, DateTime::LocalWithOffset);
 }
 
 unsigned long long OperatingSystem::getTotalPhysicalMemory() const

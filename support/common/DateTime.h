@@ -14,8 +14,9 @@ public:
     /// Bits of the `mode` argument of DateTime(long, unsigned int).
     enum Mode : unsigned int
     {
-        Local = 1,      ///< the fields are local time; without this bit they are UTC
-        WithOffset = 2, ///< the offset from UTC is filled in; without this bit it is 0
+        Local = 1,                            ///< the fields are local time; without this bit they are UTC
+        WithOffset = 2,                       ///< the offset from UTC is filled in; without this bit it is 0
+        LocalWithOffset = Local | WithOffset, ///< how this system tells its own dates
     };
 
     /// No date: every field 0.

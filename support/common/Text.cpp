@@ -1,5 +1,7 @@
 #include "support/common/Text.h"
 
+#include "support/common/Unicode.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -8,14 +10,6 @@ namespace VQ
 
 namespace
 {
-constexpr std::uint32_t ReplacementCharacter = 0xFFFD;
-constexpr std::uint32_t LastCharacter = 0x10FFFF;
-
-bool isSurrogate(std::uint32_t c)
-{
-    return c >= 0xD800 && c <= 0xDFFF;
-}
-
 struct Sequence
 {
     std::size_t length;     // in bytes, the first one included
@@ -50,7 +44,7 @@ std::uint32_t nextCharacter(const std::string& text, std::size_t& position)
         valid = (byteAt(i) & 0xC0) == 0x80;
         character = (character << 6) | (byteAt(i) & 0x3Fu);
     }
-    if (!valid || character < sequence.smallest || character > LastCharacter || isSurrogate(character)) {
+    if (!valid || character < sequence.smallest || !isCharacter(character)) {
         ++position;
         return asLatin1;
     }
@@ -88,10 +82,8 @@ std::string make_string(const std::wstring& text)
 {
     std::string narrow;
     narrow.reserve(text.size());
-    for (const wchar_t unit : text) {
-        const auto character = static_cast<std::uint32_t>(unit);
-        appendUtf8(narrow, isSurrogate(character) || character > LastCharacter ? ReplacementCharacter : character);
-    }
+    for (const wchar_t unit : text)
+        appendUtf8(narrow, characterOf(static_cast<std::uint32_t>(unit)));
     return narrow;
 }
 

@@ -1,5 +1,7 @@
 #include "support/pegasus/CimText.h"
 
+#include "support/common/Unicode.h"
+
 #include <vector>
 
 namespace VQ
@@ -7,23 +9,20 @@ namespace VQ
 
 namespace
 {
-constexpr std::uint32_t LastInOneUnit = 0xFFFF;
-constexpr std::uint32_t LastCharacter = 0x10FFFF;
-constexpr std::uint32_t ReplacementCharacter = 0xFFFD;
+constexpr std::uint32_t FirstInTwoUnits = 0x10000;
+constexpr std::uint32_t BitsOfAUnit = 10; // of a pair, each carries this many bits of the character
+constexpr std::uint32_t UnitMask = 0x3FF;
 
 void appendUtf16(std::vector<Pegasus::Char16>& units, std::uint32_t character)
 {
     const auto append = [&units](std::uint32_t unit) {
         units.push_back(Pegasus::Char16(static_cast<Pegasus::Uint16>(unit)));
     };
-    const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-    if (surrogate || character > LastCharacter) {
-        append(ReplacementCharacter);
-    } else if (character <= LastInOneUnit) {
+    if (character < FirstInTwoUnits) {
         append(character);
     } else {
-        append(0xD800 + ((character - 0x10000) >> 10));
-        append(0xDC00 + ((character - 0x10000) & 0x3FF));
+        append(FirstLeadSurrogate + ((character - FirstInTwoUnits) >> BitsOfAUnit));
+        append(FirstTrailSurrogate + (character & UnitMask));
     }
 }
 
@@ -35,8 +34,8 @@ std::uint32_t unitAt(const Pegasus::String& text, Pegasus::Uint32 position)
 // True when a pair of surrogates, which stand for one character, begins at the position.
 bool isPairAt(const Pegasus::String& text, Pegasus::Uint32 position)
 {
-    return (unitAt(text, position) & 0xFC00) == 0xD800 && position + 1 < text.size() &&
-           (unitAt(text, position + 1) & 0xFC00) == 0xDC00;
+    return (unitAt(text, position) & ~UnitMask) == FirstLeadSurrogate && position + 1 < text.size() &&
+           (unitAt(text, position + 1) & ~UnitMask) == FirstTrailSurrogate;
 }
 }
 
@@ -45,7 +44,7 @@ Pegasus::String make_String(const std::wstring& text)
     std::vector<Pegasus::Char16> units;
     units.reserve(text.size());
     for (const wchar_t character : text)
-        appendUtf16(units, static_cast<std::uint32_t>(character));
+        appendUtf16(units, characterOf(static_cast<std::uint32_t>(character)));
     return units.empty() ? Pegasus::String()
                          : Pegasus::String(units.data(), static_cast<Pegasus::Uint32>(units.size()));
 }
@@ -63,7 +62,7 @@ std::string make_string(const Pegasus::String& text)
     for (Pegasus::Uint32 i = 0; i < text.size(); ++i) {
         std::uint32_t character = unitAt(text, i);
         if (isPairAt(text, i))
-            character = 0x10000 + ((character & 0x3FF) << 10) + (unitAt(text, ++i) & 0x3FF);
+            character = FirstInTwoUnits + ((character & UnitMask) << BitsOfAUnit) + (unitAt(text, ++i) & UnitMask);
         wide += static_cast<wchar_t>(character);
     }
     return make_string(wide);
