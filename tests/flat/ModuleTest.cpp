@@ -125,7 +125,8 @@ TEST(Module, ExportsWhatIsWrittenDownAndNothingElse)
 {
     const Lines written = writtenExports();
     ASSERT_EQ(written.size(), 104u);
-    EXPECT_EQ(exportsOfTheModule(), written);
+    EXPECT_EQ(exportsOfTheModule(), written)
+        << "the module's exports stand in provider/exports.map, what they are to be in tests/flat/exports.txt";
 }
 
 TEST(Module, ConstructsTheSnapshotObjectsInTheirOrder)

@@ -1,5 +1,4 @@
-// The committed sample tables and their golden texts. A difference that is meant is taken over with
-// `cmake --build <build folder> --target update-samples` and reviewed as a diff.
+// The committed sample tables and their golden texts.
 
 #include "tests/inventory/GoldenText.h"
 #include "tests/inventory/SampleTables.h"
@@ -10,6 +9,10 @@
 
 namespace
 {
+constexpr const char* IfMeant =
+    "If the difference is meant, take it over and review it as a diff: cmake --build " VQ_BINARY_DIR
+    " --target update-samples";
+
 std::string sampleFile(const Sample& sample, const char* extension)
 {
     return std::string(VQ_SOURCE_DIR "/samples/") + sample.name + extension;
@@ -31,12 +34,12 @@ TEST_P(SampleFile, FileIsWhatTheBuilderMakes)
 {
     const std::vector<unsigned char> table = GetParam().table().dump();
     const std::string file = contentsOf(sampleFile(GetParam(), ".bin"));
-    EXPECT_EQ(std::vector<unsigned char>(file.begin(), file.end()), table);
+    EXPECT_EQ(std::vector<unsigned char>(file.begin(), file.end()), table) << IfMeant;
 }
 
 TEST_P(SampleFile, ClassesAnswerTheGoldenText)
 {
-    EXPECT_EQ(goldenText(sampleFile(GetParam(), ".bin")), contentsOf(sampleFile(GetParam(), ".golden.txt")));
+    EXPECT_EQ(goldenText(sampleFile(GetParam(), ".bin")), contentsOf(sampleFile(GetParam(), ".golden.txt"))) << IfMeant;
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SampleFile, testing::ValuesIn(Samples),

@@ -102,7 +102,9 @@ TEST(Schema, EveryPropertyOfAnInstanceIsInItsClassWithTheSameTypeAndOrder)
                 const std::string name = text(instance.getProperty(i).getName().getString());
                 const auto found = std::find_if(searchFrom, mofClass.properties.end(),
                                                 [&name](const MofProperty& p) { return p.name == name; });
-                ASSERT_NE(found, mofClass.properties.end()) << mofClass.name << "." << name;
+                ASSERT_NE(found, mofClass.properties.end())
+                    << mofClass.name << "." << name << " is published: " << ClassesFile
+                    << " must have it, in the same place (then run scripts/update-docs)";
                 EXPECT_EQ(found->type, typeOf(instance, i)) << mofClass.name << "." << name;
                 searchFrom = found + 1;
             }
@@ -122,7 +124,9 @@ TEST(Schema, EveryPropertyOfAClassIsCarriedBySomeInstance)
             // The one property that is published only when its value is known, which it never is.
             if (mofClass.name == "QORTAL_OperatingSystem" && property.name == "InstallDate")
                 continue;
-            EXPECT_EQ(carried.count(property.name), 1u) << mofClass.name << "." << property.name;
+            EXPECT_EQ(carried.count(property.name), 1u)
+                << mofClass.name << "." << property.name << " is in " << ClassesFile
+                << ": the class's mapping in provider/ must publish it, over tests/testing/FullTable.cpp";
         }
     }
 }
