@@ -1,4 +1,5 @@
 #include "inventory/BaseBoard.h"
+#include "provider/ClassNames.h"
 #include "provider/Mappings.h"
 #include "provider/PropertyTable.h"
 
@@ -22,7 +23,7 @@ void deliverBaseBoards(const Pegasus::String& requestedClass, Pegasus::InstanceR
         {"Caption", "Base Board"},
         {"Description", "Base Board"},
         {"Status", "Unknown"},
-        {"CreationClassName", "QORTAL_BaseBoard", TextKey},
+        {"CreationClassName", BaseBoardClass, TextKey},
         {"Manufacturer", &Board::getManufacturer},
         {"SerialNumber", &Board::getSerialNumber},
         {"Tag", [](const Board&, const Request& request) { return numbered("BaseBoard", request); }, TextKey},

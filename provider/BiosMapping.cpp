@@ -34,7 +34,7 @@ void deliverSystemBios(const String& requestedClass, InstanceResponseHandler& ha
         {"BuildNumber", &Bios::getBuildNumber},
         {"Manufacturer", &Bios::getManufacturer},
         {"SerialNumber", &Bios::getSerialNumber},
-        {"SoftwareElementID", "QORTAL_BIOS", TextKey},
+        {"SoftwareElementID", BiosClass, TextKey},
         {"SoftwareElementState", CIMValue(ElementStateRunning), NumberKey},
         {"TargetOperatingSystem", CIMValue(TargetNotApplicable), NumberKey},
         {"Version", &Bios::getVersion, TextKey},

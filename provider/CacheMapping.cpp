@@ -14,7 +14,7 @@ void deliverCaches(const Pegasus::String& requestedClass, Pegasus::InstanceRespo
         {"Description", "Cache"},
         {"Name", &Cache::getDesignation},
         {"Status", "Unknown"},
-        {"CreationClassName", "QORTAL_CacheMemory", TextKey},
+        {"CreationClassName", CacheMemoryClass, TextKey},
         {"DeviceID", [](const Cache&, const Request& request) { return numbered("Cache", request); }, TextKey},
         {"SystemCreationClassName", ComputerSystemClass, TextKey},
         // A new computer system for each cache: whoever watches the probe library sees it asked as often.

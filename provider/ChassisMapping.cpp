@@ -1,4 +1,5 @@
 #include "inventory/Chassis.h"
+#include "provider/ClassNames.h"
 #include "provider/Mappings.h"
 #include "provider/PropertyTable.h"
 
@@ -11,7 +12,7 @@ void deliverChassis(const Pegasus::String& requestedClass, Pegasus::InstanceResp
         {"Caption", "Chassis"},
         {"Description", "Chassis"},
         {"Status", "Unknown"},
-        {"CreationClassName", "QORTAL_Chassis", TextKey},
+        {"CreationClassName", ChassisClass, TextKey},
         {"Manufacturer", &Chassis::getManufacturer},
         {"SerialNumber", &Chassis::getSerialNumber},
         {"Tag", "Chassis0", TextKey},

@@ -1,4 +1,5 @@
 #include "inventory/ComputerSystem.h"
+#include "provider/ClassNames.h"
 #include "provider/Mappings.h"
 #include "provider/PropertyTable.h"
 
@@ -20,7 +21,7 @@ void deliverComputerSystem(const Pegasus::String& requestedClass, Pegasus::Insta
         {"Description", &ComputerSystem::getDescription},
         {"Name", &ComputerSystem::getName, TextKey},
         {"Status", "Unknown"},
-        {"CreationClassName", "QORTAL_ComputerSystem", TextKey},
+        {"CreationClassName", ComputerSystemClass, TextKey},
         {"PrimaryOwnerContact", &ComputerSystem::getOwnerContact},
         {"PrimaryOwnerName", &ComputerSystem::getOwnerName},
         {"Model", &ComputerSystem::getModel},

@@ -1,5 +1,6 @@
 #include "inventory/ComputerSystem.h"
 #include "os/OperatingSystem.h"
+#include "provider/ClassNames.h"
 #include "provider/Mappings.h"
 #include "provider/PropertyTable.h"
 
@@ -13,7 +14,7 @@ namespace
 // The value that stands for a date that is not known.
 DateTime unknownDate()
 {
-    return DateTime(0, DateTime::Local | DateTime::WithOffset);
+    return DateTime(0, DateTime::LocalWithOffset);
 }
 
 // A date that can't be had does not cost the rest of the instance.
@@ -42,8 +43,8 @@ void deliverOperatingSystem(const Pegasus::String& requestedClass, Pegasus::Inst
         {"InstallDate", installDate},
         {"Name", &OperatingSystem::getName, TextKey},
         {"Status", "Unknown"},
-        {"CreationClassName", "QORTAL_OperatingSystem", TextKey},
-        {"CSCreationClassName", "QORTAL_ComputerSystem", TextKey},
+        {"CreationClassName", OperatingSystemClass, TextKey},
+        {"CSCreationClassName", ComputerSystemClass, TextKey},
         {"CSName", computerSystemName, TextKey},
         {"CurrentTimeZone", &OperatingSystem::getCurrentTimeZone},
         {"Distributed", &OperatingSystem::getDistributed},

@@ -1,4 +1,5 @@
 #include "inventory/Port.h"
+#include "provider/ClassNames.h"
 #include "provider/Mappings.h"
 #include "provider/PropertyTable.h"
 
@@ -20,7 +21,7 @@ void deliverPorts(const Pegasus::String& requestedClass, Pegasus::InstanceRespon
         {"Description", "Port Connector"},
         {"Name", &Port::getExternalReferenceDesignator},
         {"Status", "Unknown"},
-        {"CreationClassName", "QORTAL_Port", TextKey},
+        {"CreationClassName", PortClass, TextKey},
         {"Tag", [](const Port&, const Request& request) { return numbered("PortConnector", request); }, TextKey},
         {"ExternalReferenceDesignator",
          [](const Port& port, const Request&) { return unlessEmpty(port.getExternalReferenceDesignator()); }},

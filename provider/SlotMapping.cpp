@@ -1,4 +1,5 @@
 #include "inventory/Slot.h"
+#include "provider/ClassNames.h"
 #include "provider/Mappings.h"
 #include "provider/PropertyTable.h"
 
@@ -12,7 +13,7 @@ void deliverSlots(const Pegasus::String& requestedClass, Pegasus::InstanceRespon
         {"Description", "System Slot"},
         {"Name", &Slot::getDesignation},
         {"Status", "Unknown"},
-        {"CreationClassName", "QORTAL_Slot", TextKey},
+        {"CreationClassName", SlotClass, TextKey},
         // The designation, not a counter: slots designated alike have the same path, and all are delivered.
         {"Tag", &Slot::getDesignation, TextKey},
     };

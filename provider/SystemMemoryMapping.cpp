@@ -1,4 +1,5 @@
 #include "os/OperatingSystem.h"
+#include "provider/ClassNames.h"
 #include "provider/Mappings.h"
 #include "provider/PropertyTable.h"
 #include "support/common/System.h"
@@ -37,7 +38,7 @@ void deliverSystemMemory(const Pegasus::String& requestedClass, Pegasus::Instanc
         {"Name", "System Memory"},
         {"CreationClassName", requestedName, TextKey},
         {"DeviceID", "System Memory", deviceId},
-        {"SystemCreationClassName", "QORTAL_ComputerSystem", TextKey},
+        {"SystemCreationClassName", ComputerSystemClass, TextKey},
         {"SystemName", hostName, TextKey},
         {"BlockSize", CIMValue(Uint64{1})},
         {"ConsumableBlocks", totalBytes},
