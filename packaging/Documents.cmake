@@ -5,17 +5,21 @@ set(VQ_INSTALL_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/${VQ_PACKAGE_NAME} CACHE
 find_program(VQ_GZIP gzip REQUIRED)
 mark_as_advanced(VQ_GZIP)
 
-# vq_install_compressed(<file> <directory>) installs the file as <name>.gz. No time stamp goes into it, so the same file
+# vq_install_compressed(<file> <directory> <component>) installs the file as <name>.gz. No time stamp goes into it, so the same file
 # gives the same package.
-function(vq_install_compressed file directory)
+function(vq_install_compressed file directory component)
     get_filename_component(name ${file} NAME)
     set(compressed ${CMAKE_CURRENT_BINARY_DIR}/install/${name}.gz)
+    install(FILES ${compressed} DESTINATION ${directory} COMPONENT ${component})
+    get_property(known GLOBAL PROPERTY VQ_COMPRESSED_FILES)
+    if(compressed IN_LIST known)
+        return()
+    endif()
     add_custom_command(OUTPUT ${compressed} DEPENDS ${file} VERBATIM
         COMMAND ${CMAKE_COMMAND} -E copy ${file} ${CMAKE_CURRENT_BINARY_DIR}/install/${name}.copy
         COMMAND ${VQ_GZIP} -9nf -S .gz ${CMAKE_CURRENT_BINARY_DIR}/install/${name}.copy
         COMMAND ${CMAKE_COMMAND} -E rename ${CMAKE_CURRENT_BINARY_DIR}/install/${name}.copy.gz ${compressed})
     set_property(GLOBAL APPEND PROPERTY VQ_COMPRESSED_FILES ${compressed})
-    install(FILES ${compressed} DESTINATION ${directory})
 endfunction()
 
 file(GLOB _pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/man/*.[18])
@@ -23,15 +27,26 @@ foreach(_page ${_pages})
     get_filename_component(_name ${_page} NAME)
     string(REGEX MATCH "[18]$" _section ${_page})
     configure_file(${_page} ${CMAKE_CURRENT_BINARY_DIR}/install/${_name} @ONLY)
-    vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/${_name} ${CMAKE_INSTALL_MANDIR}/man${_section})
+    vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/${_name} ${CMAKE_INSTALL_MANDIR}/man${_section} runtime)
 endforeach()
 
+# The licence as Debian's copyright files have it: every line indented, an empty one with a dot.
+file(READ ${CMAKE_SOURCE_DIR}/LICENSE VQ_LICENSE_TEXT)
+string(STRIP "${VQ_LICENSE_TEXT}" VQ_LICENSE_TEXT)
+string(REGEX REPLACE "\n\n" "\n.\n" VQ_LICENSE_TEXT "${VQ_LICENSE_TEXT}")
+string(REPLACE "\n" "\n " VQ_LICENSE_TEXT " ${VQ_LICENSE_TEXT}")
 configure_file(changelog.in ${CMAKE_CURRENT_BINARY_DIR}/install/changelog @ONLY)
 configure_file(copyright.in ${CMAKE_CURRENT_BINARY_DIR}/install/copyright @ONLY)
-vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${VQ_INSTALL_DOC_DIR})
-install(FILES
-    ${CMAKE_CURRENT_BINARY_DIR}/install/copyright ${CMAKE_SOURCE_DIR}/docs/admin.md ${CMAKE_SOURCE_DIR}/docs/classes.md
+
+set(VQ_INSTALL_DEVELOPMENT_DOC_DIR ${VQ_INSTALL_DOC_DIR}-dev)
+vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${VQ_INSTALL_DOC_DIR} runtime)
+vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${VQ_INSTALL_DEVELOPMENT_DOC_DIR} development)
+set(_legal ${CMAKE_CURRENT_BINARY_DIR}/install/copyright ${CMAKE_SOURCE_DIR}/LICENSE)
+install(FILES ${_legal} ${CMAKE_SOURCE_DIR}/docs/admin.md ${CMAKE_SOURCE_DIR}/docs/classes.md
     DESTINATION ${VQ_INSTALL_DOC_DIR})
+install(FILES ${_legal} DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR} COMPONENT development)
+install(FILES ${CMAKE_SOURCE_DIR}/examples/flat_inventory.c
+    DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR}/examples COMPONENT development)
 
 get_property(_compressed GLOBAL PROPERTY VQ_COMPRESSED_FILES)
 add_custom_target(compressed_documents ALL DEPENDS ${_compressed})

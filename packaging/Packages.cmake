@@ -1,35 +1,63 @@
-# Packages of the build: `cpack -G DEB` and `cpack -G RPM` in the build directory. The paths of the package are those that
+# Packages of the build (VQ_PACKAGES): `cpack -G DEB` and `cpack -G RPM` in the build directory, each the package itself
+# and one of what programs of others are made with. The paths of the package are those that
 # the build was configured with (CMAKE_INSTALL_PREFIX, VQ_INSTALL_MODULE_DIR, VQ_INSTALL_SCHEMA_DIR,
 # VQ_INSTALL_DOC_DIR and GNUInstallDirs' own), because the module and vq-register hold them.
+if(NOT VQ_PACKAGES)
+    # Any other would hold a module for /usr/local, or one that is not hardened.
+    file(WRITE ${CMAKE_BINARY_DIR}/CPackConfig.cmake "message(FATAL_ERROR \"No packages are made of this build: "
+        "configure one with the preset x86-package or x86_64-package (docs/admin.md)\")\n")
+    return()
+endif()
 if(VQ_SANITIZE)
-    return() # its programs need the runtimes of the compiler that built them
+    message(FATAL_ERROR "The sanitizers' programs need the runtimes of the compiler that built them: no packages")
 endif()
 
 set(CPACK_PACKAGE_NAME ${VQ_PACKAGE_NAME})
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_VENDOR "SystemProvider project")
-set(CPACK_PACKAGE_CONTACT "${VQ_PACKAGE_MAINTAINER}")
+set(CPACK_PACKAGE_CONTACT "${VQ_PACKAGE_CONTACT}")
 set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
+set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_SOURCE_DIR}/LICENSE)
+set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_VERBATIM_VARIABLES ON)
+# Each package has a summary of its own; this text of CPack's is the only one that it does not put before it.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${CMAKE_PROJECT_NAME} built using CMake")
 set(_about "A provider module for the OpenPegasus CIM server. It publishes nine inventory
 classes: BIOS and other firmware, chassis, base boards, caches, port
 connectors, slots, computer system, operating system and system memory. The
 facts come from the SMBIOS table of the machine and from the kernel.")
 if(VQ_CIM_LIBRARY STREQUAL "openpegasus")
-    set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "hardware inventory provider for the OpenPegasus CIM server")
-    set(CPACK_PACKAGE_DESCRIPTION "${_about}
+    set(_summary "hardware inventory provider for the OpenPegasus CIM server")
+    set(_description "${_about}
 
 The package registers the module with the CIM server of the machine, where
 there is one; vq-register does so later. vqinventory shows the inventory
 without a server.")
 else()
-    set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "hardware inventory with CIM classes, without a CIM server")
-    set(CPACK_PACKAGE_DESCRIPTION "${_about}
+    set(_summary "hardware inventory with CIM classes, without a CIM server")
+    set(_description "${_about}
 
 This package is built against a CIM library of its own. A CIM server can't
 load its module; vqinventory shows the inventory without one.")
 endif()
+
+set(_development_summary "headers and an example for programs that use ${VQ_PACKAGE_NAME}")
+set(_development_description "The flat interface of the SystemProvider module hands the inventory of a machine
+to programs without a CIM server. This package holds its headers and a C program
+that uses it.")
+
+# What no packaged file may hold: a person who can create such a path on a target would choose what root runs there.
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/CheckFiles.cmake)
+set(CPACK_VQ_READELF ${CMAKE_READELF})
+set(CPACK_VQ_RUN_PATHS ${CMAKE_INSTALL_PREFIX}/${VQ_INSTALL_MODULE_DIR} ${VQ_PEGASUS_LIB_DIR})
+set(CPACK_VQ_BUILD_PATHS ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR})
+foreach(_dir ${Pegasus_LIB_DIR} ${Pegasus_INCLUDE_DIR})
+    if(NOT _dir MATCHES "^/usr/" AND NOT _dir STREQUAL VQ_PEGASUS_LIB_DIR)
+        list(APPEND CPACK_VQ_BUILD_PATHS ${_dir})
+    endif()
+endforeach()
 
 # What the libraries of this width come from. The oldest C library is the one that was built against.
 execute_process(

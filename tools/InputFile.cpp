@@ -21,6 +21,13 @@ std::string fullPath(const std::string& file)
     return path;
 }
 
+std::string realPath(const std::string& file)
+{
+    std::error_code error;
+    const fs::path path = fs::canonical(file, error);
+    return error ? fullPath(file) : path.string();
+}
+
 std::string unfitReason(const std::string& file, std::uintmax_t largest)
 {
     std::error_code error;

@@ -10,6 +10,10 @@ namespace VQ::Tool
 /// directory is gone, so that nobody can tell which file a relative name means.
 std::string fullPath(const std::string& file);
 
+/// The full path of a file without a link on its way, where the file is there. The loader searches for a library's own
+/// libraries beside it, and beside a link to it anything may lie.
+std::string realPath(const std::string& file);
+
 /// Empty where the file is a regular one of at most `largest` bytes, or where it can't be looked at, which whoever
 /// opens it reports. Otherwise what is wrong with it: a device never ends, and a pipe has nothing to give.
 std::string unfitReason(const std::string& file, std::uintmax_t largest);

@@ -50,7 +50,7 @@ int print(const std::string& output, int code)
 // that someone left where this person happens to stand, so the program works in the root directory, as a server does.
 void leaveForRoot(Arguments& arguments)
 {
-    arguments.moduleFile = fullPath(arguments.moduleFile);
+    arguments.moduleFile = realPath(arguments.moduleFile);
     if (arguments.dumpFile)
         arguments.dumpFile = fullPath(*arguments.dumpFile);
     if (chdir("/") != 0)

@@ -7,8 +7,18 @@ else()
 endif()
 set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
 set(CPACK_RPM_PACKAGE_GROUP "System Environment/Base")
-set(CPACK_RPM_PACKAGE_LICENSE "none stated")
-set(CPACK_RPM_PACKAGE_CONFLICTS ${VQ_PACKAGE_OTHER_NAME})
+set(CPACK_RPM_PACKAGE_LICENSE MIT)
+set(CPACK_RPM_COMPONENT_INSTALL ON)
+set(CPACK_RPM_MAIN_COMPONENT runtime)
+set(CPACK_RPM_RUNTIME_PACKAGE_SUMMARY "${_summary}")
+set(CPACK_RPM_RUNTIME_PACKAGE_DESCRIPTION "${_description}")
+set(CPACK_RPM_RUNTIME_PACKAGE_CONFLICTS ${VQ_PACKAGE_OTHER_NAME})
+
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_NAME ${VQ_PACKAGE_NAME}-devel)
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_SUMMARY "${_development_summary}")
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_DESCRIPTION "${_development_description}")
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_REQUIRES "${VQ_PACKAGE_NAME} = ${PROJECT_VERSION}")
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_CONFLICTS ${VQ_PACKAGE_OTHER_NAME}-devel)
 
 # By the names of the libraries, which every distribution's packages provide. rpmbuild finds them by itself only where
 # libraries are installed as executable files.
@@ -21,8 +31,8 @@ if(VQ_CIM_LIBRARY STREQUAL "openpegasus")
     endforeach()
 endif()
 list(TRANSFORM _needed APPEND "${_mark}")
-list(JOIN _needed ", " CPACK_RPM_PACKAGE_REQUIRES)
-set(CPACK_RPM_PACKAGE_REQUIRES "/usr/bin/timeout, bash, ${CPACK_RPM_PACKAGE_REQUIRES}")
+list(JOIN _needed ", " _needed)
+set(CPACK_RPM_RUNTIME_PACKAGE_REQUIRES "/usr/bin/timeout, bash, ${_needed}")
 
 # The module's libraries are nobody else's.
 set(CPACK_RPM_SPEC_MORE_DEFINE "%global _build_id_links none
@@ -37,6 +47,6 @@ endforeach()
 
 vq_package_scripts(_scripts rpm/post rpm/preun)
 if(_scripts)
-    list(GET _scripts 0 CPACK_RPM_POST_INSTALL_SCRIPT_FILE)
-    list(GET _scripts 1 CPACK_RPM_PRE_UNINSTALL_SCRIPT_FILE)
+    list(GET _scripts 0 CPACK_RPM_RUNTIME_POST_INSTALL_SCRIPT_FILE)
+    list(GET _scripts 1 CPACK_RPM_RUNTIME_PRE_UNINSTALL_SCRIPT_FILE)
 endif()

@@ -1,17 +1,19 @@
 # The packages of this build: what they hold, what their scripts do, and an installation with all that follows.
-if(VQ_SANITIZE)
-    return() # no packages are made of such a build
-endif()
-
-file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/packages/settings.bash @ONLY CONTENT [[
+set(VQ_PACKAGE_SETTINGS ${CMAKE_CURRENT_BINARY_DIR}/packages/settings.bash)
+file(CONFIGURE OUTPUT ${VQ_PACKAGE_SETTINGS} @ONLY CONTENT [[
 cpack='@CMAKE_CPACK_COMMAND@'
+cmake='@CMAKE_COMMAND@'
+readelf='@CMAKE_READELF@'
+compile=('@CMAKE_C_COMPILER@' @CMAKE_C_FLAGS@)
 source_dir='@CMAKE_SOURCE_DIR@'
 binary_dir='@CMAKE_BINARY_DIR@'
 package_dir='@CMAKE_CURRENT_BINARY_DIR@/packages'
 cim_library='@VQ_CIM_LIBRARY@'
 pegasus_libraries='@Pegasus_LIB_DIR@'
+pegasus_target='@VQ_PEGASUS_LIB_DIR@'
 pointer_size='@CMAKE_SIZEOF_VOID_P@'
 version='@PROJECT_VERSION@'
+contact='@VQ_PACKAGE_CONTACT@'
 bin='@CMAKE_INSTALL_FULL_BINDIR@'
 sbin='@CMAKE_INSTALL_FULL_SBINDIR@'
 include='@CMAKE_INSTALL_FULL_INCLUDEDIR@'
@@ -23,13 +25,20 @@ doc_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_DOC_DIR@'
 
 function(vq_package_test name)
     add_test(NAME packages.${name} COMMAND
-        bash ${CMAKE_CURRENT_SOURCE_DIR}/packages/${name}.bash ${CMAKE_CURRENT_BINARY_DIR}/packages/settings.bash)
+        bash ${CMAKE_CURRENT_SOURCE_DIR}/packages/${name}.bash ${VQ_PACKAGE_SETTINGS})
     set_tests_properties(packages.${name} PROPERTIES LABELS packaging SKIP_RETURN_CODE 77 TIMEOUT 300 ${ARGN})
 endfunction()
 
+vq_package_test(documents)
+if(NOT VQ_PACKAGES)
+    vq_package_test(no_packages)
+    return()
+endif()
 vq_package_test(make_deb FIXTURES_SETUP deb RESOURCE_LOCK cpack)
 vq_package_test(deb_contents FIXTURES_REQUIRED deb)
 vq_package_test(deb_scripts FIXTURES_REQUIRED deb)
 vq_package_test(deb_installation FIXTURES_REQUIRED deb)
+vq_package_test(development FIXTURES_REQUIRED deb)
 vq_package_test(rpm RESOURCE_LOCK cpack)
-vq_package_test(documents)
+vq_package_test(check_files RESOURCE_LOCK cpack)
+vq_package_test(maintainer)

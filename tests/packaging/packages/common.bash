@@ -36,6 +36,7 @@ finish()
 if [ "$cim_library" = openpegasus ]; then package=systemprovider; else package=systemprovider-standalone; fi
 if [ "$pointer_size" = 4 ]; then deb_architecture=i386 rpm_architecture=i686; else deb_architecture=amd64 rpm_architecture=x86_64; fi
 deb=$package_dir/${package}_${version}_$deb_architecture.deb
+development_deb=$package_dir/$package-dev_${version}_$deb_architecture.deb
 
 # The files of a package, sorted.
 expected_files()
@@ -44,6 +45,28 @@ expected_files()
         cat <<END
 $bin/vqinventory
 $sbin/vq-register
+$module_dir/libSystemProvider.so
+$module_dir/libvqcommon.so
+$module_dir/libvqpegasus.so
+$module_dir/libvqsmbios.so
+$module_dir/from-dump/libvqsmbios.so
+$doc_dir/LICENSE
+$doc_dir/admin.md
+$doc_dir/changelog.gz
+$doc_dir/classes.md
+$doc_dir/copyright
+$man/man1/vqinventory.1.gz
+$man/man8/vq-register.8.gz
+$schema_dir/SystemProvider.mof
+$schema_dir/SystemProviderRegistration.mof
+END
+        [ "$cim_library" = openpegasus ] || echo "$module_dir/libvqcim.so"
+    } | sort
+}
+
+expected_development_files()
+{
+    sort <<END
 $include/systemprovider.h
 $include/systemprovider_packed.h
 $include/systemprovider/inventory/BaseBoard.h
@@ -57,22 +80,11 @@ $include/systemprovider/inventory/Slot.h
 $include/systemprovider/os/OperatingSystem.h
 $include/systemprovider/support/common/DateTime.h
 $include/systemprovider/support/common/Export.h
-$module_dir/libSystemProvider.so
-$module_dir/libvqcommon.so
-$module_dir/libvqpegasus.so
-$module_dir/libvqsmbios.so
-$module_dir/from-dump/libvqsmbios.so
-$doc_dir/admin.md
-$doc_dir/changelog.gz
-$doc_dir/classes.md
-$doc_dir/copyright
-$man/man1/vqinventory.1.gz
-$man/man8/vq-register.8.gz
-$schema_dir/SystemProvider.mof
-$schema_dir/SystemProviderRegistration.mof
+$doc_dir-dev/LICENSE
+$doc_dir-dev/changelog.gz
+$doc_dir-dev/copyright
+$doc_dir-dev/examples/flat_inventory.c
 END
-        [ "$cim_library" = openpegasus ] || echo "$module_dir/libvqcim.so"
-    } | sort
 }
 
 # A stand-in for vq-register that notes how it is called and ends with exit code $1; in a directory that is printed.
@@ -89,13 +101,25 @@ stub_vq_register()
 not_registered="$package: the module is installed, but not registered with a CIM server; when the cause is gone, run: vq-register register"
 not_unregistered="$package: the registration, if there was one, could not be taken back; with the server up, run: cimprovider -r -m SystemProviderModule, and remove libSystemProvider.so from its directory of provider libraries"
 
+# with_stub SCRIPT DIRECTORY: a copy of the script of a package that calls the vq-register of that directory in place of the
+# installed one. Another name than its full path would stay, and call none: that on PATH must not be run.
+with_stub()
+{
+    sed "s|$sbin/vq-register \"|$2/vq-register \"|" "$1" >"$scratch/${1##*/}.with-stub"
+    printf '%s\n' "$scratch/${1##*/}.with-stub"
+}
+
 # run_script EXIT_CODE SCRIPT ARGUMENT...: runs a script of a package over a vq-register that ends with that code; sets
 # result to "<exit code>|<calls of vq-register>|<standard error>".
 run_script()
 {
-    local stub code=0 errors
+    local stub code=0 errors script
     stub=$(stub_vq_register "$1")
-    shift
-    errors=$(PATH=$stub:$PATH sh "$@" 2>&1 >/dev/null) || code=$?
+    script=$(with_stub "$2" "$stub")
+    mkdir -p "$scratch/on-path"
+    printf '#!/bin/sh\necho the one on PATH >>%s/calls\n' "$stub" >"$scratch/on-path/vq-register"
+    chmod +x "$scratch/on-path/vq-register"
+    shift 2
+    errors=$(PATH=$scratch/on-path:${stub_path-}$PATH sh "$script" "$@" 2>&1 >/dev/null) || code=$?
     result="$code|$(tr '\n' ';' <"$stub/calls")|$errors"
 }

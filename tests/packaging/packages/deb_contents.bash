@@ -12,6 +12,12 @@ check "nothing names the directories of this build" "" "$(grep -rlF -e "$binary_
 field() { dpkg-deb -f "$deb" "$1"; }
 check "architecture" "$deb_architecture" "$(field Architecture)"
 check "version" "$version" "$(field Version)"
+check "maintainer" "$contact" "$(field Maintainer)"
+check "one summary" 1 "$(field Description | grep -cE 'hardware inventory|Inventory provider|built using')"
+check "licence" "License: Expat
+ $(head -1 "$source_dir/LICENSE")
+ ." "$(sed -n '/^License:/,+2p' "$root$doc_dir/copyright")"
+check "last line of the licence" " $(tail -1 "$source_dir/LICENSE")" "$(tail -1 "$root$doc_dir/copyright")"
 check "dependencies" "libc6 libgcc-s1 libstdc++6" "$(field Depends | sed 's/ ([^)]*)//g; s/,//g')"
 if [ "$cim_library" = openpegasus ]; then other=systemprovider-standalone; else other=systemprovider; fi
 check "conflict with the other kind" "$other" "$(field Conflicts)"
@@ -39,6 +45,8 @@ done
 tool=$root$bin/vqinventory
 dump=$source_dir/samples/server.bin
 unset LD_LIBRARY_PATH
+# The loader of a target has been told of the server's libraries.
+[ -z "$pegasus_libraries" ] || export LD_LIBRARY_PATH=$pegasus_libraries
 if [ -e "$dump" ]; then
     check "vqinventory out of the package" "$("$binary_dir/bin/vqinventory" --from-dump "$dump" QORTAL_Slot QORTAL_Port)" \
         "$("$tool" --from-dump "$dump" QORTAL_Slot QORTAL_Port)"

@@ -35,19 +35,20 @@ for code in 1 2 127; do
 done
 
 # A vq-register that hangs is ended by timeout(1), whose exit code is 124.
-stub=$(stub_vq_register 0)
-printf '#!/bin/sh\nexit 124\n' >"$stub/timeout"
-chmod +x "$stub/timeout"
+mkdir "$scratch/hanging"
+printf '#!/bin/sh\nexit 124\n' >"$scratch/hanging/timeout"
+chmod +x "$scratch/hanging/timeout"
+stub_path=$scratch/hanging:
 for script in "postinst configure" "prerm remove"; do
     message=$not_registered
     [ "$script" != "prerm remove" ] || message=$not_unregistered
     action "0||$message" 0 ${script}
 done
-rm "$stub/timeout"
+stub_path=
 
 # Nobody listening to the message does not stop the script either.
 code=0
-PATH=$(stub_vq_register 1):$PATH sh "$control/postinst" configure "" 2>&- >&- || code=$?
+sh "$(with_stub "$control/postinst" "$(stub_vq_register 1)")" configure "" 2>&- >&- || code=$?
 check "postinst with its output closed" 0 "$code"
 
 # Filling another system's root from outside registers nothing with this one's server.

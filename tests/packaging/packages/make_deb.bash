@@ -1,9 +1,9 @@
-# Makes the Debian package, which the other tests look at.
+# Makes the Debian packages, which the other tests look at.
 . "$(dirname "$0")/common.bash"
 
 command -v dpkg-deb >/dev/null || skip "dpkg is not installed"
 rm -f "$package_dir"/*.deb
 "$cpack" --config "$binary_dir/CPackConfig.cmake" -G DEB -B "$scratch"
 cp "$scratch"/*.deb "$package_dir"
-check "the package's name" "$deb" "$(echo "$package_dir"/*.deb)"
+check "the packages' names" "$(printf '%s\n' "$deb" "$development_deb" | sort)" "$(find "$package_dir" -name '*.deb' | sort)"
 finish

@@ -1,4 +1,4 @@
-# The RPM package: made, and its files, dependencies and scripts.
+# The RPM packages: made, and their files, dependencies and scripts.
 . "$(dirname "$0")/common.bash"
 
 command -v rpmbuild >/dev/null || skip "rpmbuild is not installed (Debian package rpm)"
@@ -6,15 +6,26 @@ rm -f "$package_dir"/*.rpm
 "$cpack" --config "$binary_dir/CPackConfig.cmake" -G RPM -B "$scratch" >"$scratch/log" 2>&1 || { cat "$scratch/log"; exit 1; }
 rpm=$package_dir/$package-$version-1.$rpm_architecture.rpm
 cp "$scratch"/*.rpm "$package_dir"
-check "the package's name" "$rpm" "$(echo "$package_dir"/*.rpm)"
+development_rpm=$package_dir/$package-devel-$version-1.$rpm_architecture.rpm
+check "the packages' names" "$(printf '%s\n' "$rpm" "$development_rpm" | sort)" "$(find "$package_dir" -name '*.rpm' | sort)"
 
-query() { rpm -qp "$@" "$rpm" 2>/dev/null; }
+query() { rpm -qp "$@" "${of-$rpm}" 2>/dev/null; }
 check "files" "$(expected_files)" "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^-[rwx-]* //p' | sort)"
-check "directories" "$(printf '%s\n' "$doc_dir" "$include/systemprovider" "$include/systemprovider/inventory" \
-    "$include/systemprovider/os" "$include/systemprovider/support" "$include/systemprovider/support/common" \
-    "$module_dir" "$module_dir/from-dump" "$schema_dir" | sort)" \
+check "directories" "$(printf '%s\n' "$doc_dir" "$module_dir" "$module_dir/from-dump" "$schema_dir" | sort)" \
     "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^d[rwx-]* //p' | sort)"
 check "architecture" "$rpm_architecture" "$(query --qf '%{ARCH}')"
+check "licence" MIT "$(query --qf '%{LICENSE}')"
+of=$development_rpm
+check "files for development" "$(expected_development_files)" \
+    "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^-[rwx-]* //p' | sort)"
+check "directories for development" "$(printf '%s\n' "$doc_dir-dev" "$doc_dir-dev/examples" "$include/systemprovider" \
+    "$include/systemprovider/inventory" "$include/systemprovider/os" "$include/systemprovider/support" \
+    "$include/systemprovider/support/common" | sort)" \
+    "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^d[rwx-]* //p' | sort)"
+check "what development needs" "$package = $version" "$(query --requires | grep -v '^rpmlib')"
+check "licence" MIT "$(query --qf '%{LICENSE}')"
+check "scripts of development" "(none)(none)" "$(query --qf '%{POSTIN}%{PREUN}')"
+unset of
 check "no library of the package is offered to others" "" "$(query --provides | grep -E '^lib' || true)"
 check "no library of the package is asked of others" "" "$(query --requires | grep -E '^lib(vq|System)' || true)"
 if [ "$pointer_size" = 4 ]; then mark=; else mark='()(64bit)'; fi
