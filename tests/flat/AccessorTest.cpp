@@ -293,6 +293,35 @@ TEST(SlotAccessors, ReadTheirOwnRecord)
     EXPECT_EQ(textOf(getSlotDesignation, 2), " third ");
 }
 
+TEST(Lists, MayHoldMoreRecordsThan16BitsCount)
+{
+    bb.assign(70000, BaseBoardWith(""));
+    bb.back() = BaseBoardWith("last ");
+    caches.assign(70000, CacheWith("", 1));
+    caches.back() = CacheWith("last ", 1);
+    firmwares.assign(70000, VQ::Firmware());
+    firmwares.back().setName("last name");
+    ports.assign(70000, PortWith("", 1));
+    ports.back() = PortWith("last ", 1);
+    slots.assign(70000, SlotWith(""));
+    slots.back() = SlotWith("last designation");
+    EXPECT_EQ(getBBCount(), 70000);
+    EXPECT_EQ(textOf(getBBProduct, 69999), "last product");
+    EXPECT_EQ(getCacheCount(), 70000);
+    EXPECT_EQ(textOf(getCacheDesignation, 69999), "last designation");
+    EXPECT_EQ(getFirmwareCount(), 70000);
+    EXPECT_EQ(textOf(getFirmwareName, 69999), "last name");
+    EXPECT_EQ(getPortCount(), 70000);
+    EXPECT_EQ(textOf(getPortInternalReferenceDesignator, 69999), "last internal");
+    EXPECT_EQ(getSlotCount(), 70000);
+    EXPECT_EQ(textOf(getSlotDesignation, 69999), "last designation");
+    bb.clear();
+    caches.clear();
+    firmwares.clear();
+    ports.clear();
+    slots.clear();
+}
+
 TEST(ComputerSystemAccessors, ReadLive)
 {
     fixedSystem() = FixedSystem();

@@ -59,6 +59,7 @@ TEST_F(Date, KeepsThePlusSignBeforeANegativeOffset)
 TEST_F(Date, WritesMillisecondsUnscaledInSixDigits)
 {
     EXPECT_EQ(dateText(withMilliseconds(noon, 123), 0), "20050307120000.000123+000");
+    EXPECT_EQ(dateText(withMilliseconds(noon, 123456), 0), "20050307120000.123456+000"); // six digits, no fewer
 }
 
 TEST_F(Date, OfNoDayIsAllZeros)
