@@ -24,8 +24,8 @@ rm -f "$VQ_PLANTED_MARK"
 answers()
 {
     local there elsewhere code=0
-    elsewhere=$(cd "$source_dir" && "$@" 2>&1 | grep -vE 'Free|Processes|LocalDateTime|seconds') || true
-    there=$(cd "$place" && "$@" 2>&1 | grep -vE 'Free|Processes|LocalDateTime|seconds') || true
+    elsewhere=$(cd "$source_dir" && "$@" 2>&1 | grep -vE 'Free|Processes|LocalDateTime|LastBootUpTime|seconds') || true
+    there=$(cd "$place" && "$@" 2>&1 | grep -vE 'Free|Processes|LocalDateTime|LastBootUpTime|seconds') || true
     check "${*##*/} answers as elsewhere" "$elsewhere" "$there"
     check "${*##*/} loads nothing that lies there" "" "$(marks)"
 }
