@@ -2,6 +2,7 @@
 
 #include "support/common/Unicode.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace VQ
@@ -51,6 +52,11 @@ Pegasus::String make_String(const std::wstring& text)
 
 Pegasus::String make_String(const std::string& text)
 {
+    // Nearly all text is plain ASCII, which the CIM library takes over as it stands.
+    if (text.empty())
+        return Pegasus::String();
+    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+        return Pegasus::String(text.data(), static_cast<Pegasus::Uint32>(text.size()));
     return make_String(make_wstring(text));
 }
 
