@@ -3,6 +3,7 @@
 #include "tools/CimAnswer.h"
 #include "tools/Classes.h"
 #include "tools/InputFile.h"
+#include "tools/NeededLibraries.h"
 
 #include <Pegasus/Common/CIMName.h>
 #include <Pegasus/Common/CIMPropertyList.h>
@@ -11,12 +12,11 @@
 #include <Pegasus/Common/OperationContext.h>
 #include <Pegasus/Common/ResponseHandler.h>
 
+#include <algorithm>
 #include <dlfcn.h>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 
 namespace VQ::Tool
 {
@@ -112,12 +112,11 @@ CIMObjectPath classPath(const std::string& className)
     return CIMObjectPath(String::EMPTY, CIMNamespaceName(), CIMName(className.c_str()));
 }
 
-bool mentions(const std::string& file, const std::string& library)
+bool needs(const std::string& file, const std::string& library)
 {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str().find('\0' + library) != std::string::npos;
+    const std::vector<std::string> needed = neededLibraries(file);
+    return std::any_of(needed.begin(), needed.end(),
+                       [&library](const std::string& name) { return name.compare(0, library.size(), library) == 0; });
 }
 
 // The two CIM libraries have the same names and other objects behind them. A module of the other one must be turned
@@ -127,7 +126,7 @@ void refuseOtherCimLibrary(const std::string& file)
     const std::string standalone = "libvqcim.so";
     const std::string openPegasus = "libpegcommon.so";
     const bool ownIsStandalone = std::string(VQ_CIM_LIBRARY) == "standalone";
-    if (mentions(file, ownIsStandalone ? openPegasus : standalone))
+    if (needs(file, ownIsStandalone ? openPegasus : standalone))
         throw LoadError("cannot load " + file + ": it was built with the " +
                         (ownIsStandalone ? "openpegasus" : "standalone") +
                         " CIM library, and this vqinventory with the " VQ_CIM_LIBRARY " one");

@@ -81,12 +81,19 @@ TEST(ToolModule, AModuleOfTheOtherWidthIsReportedWithAHint)
 TEST(ToolModule, AModuleOfTheOtherCimLibraryIsTurnedAwayBeforeItRuns)
 {
     const bool standalone = std::string(VQ_CIM_LIBRARY) == "standalone";
-    const TemporaryFile module{std::string("\x7F"
-                                           "ELF") +
-                               '\0' + (standalone ? "libpegcommon.so.1" : "libvqcim.so") + '\0'};
-    expectFailure(runModule(module.name()), "cannot load " + module.name() + ": it was built with the " +
-                                                (standalone ? "openpegasus" : "standalone") +
-                                                " CIM library, and this vqinventory with the " VQ_CIM_LIBRARY " one");
+    const std::string module = VQ_OTHER_MODULE;
+    expectFailure(runModule(module), "cannot load " + module + ": it was built with the " +
+                                         (standalone ? "openpegasus" : "standalone") +
+                                         " CIM library, and this vqinventory with the " VQ_CIM_LIBRARY " one");
+}
+
+TEST(ToolModule, AModuleThatOnlySpeaksOfTheOtherCimLibraryIsNotTurnedAwayForIt)
+{
+    std::ifstream library(VQ_LIB_DIR "/libvqcommon.so", std::ios::binary);
+    std::ostringstream bytes;
+    bytes << library.rdbuf() << '\0' << "libpegcommon.so.1" << '\0' << "libvqcim.so" << '\0';
+    const TemporaryFile module{bytes.str()};
+    expectFailure(runModule(module.name()), module.name() + " does not export PegasusCreateProvider");
 }
 
 TEST(ToolModule, ALibraryThatIsNoModuleIsReported)
