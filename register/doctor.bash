@@ -25,7 +25,7 @@ check_registration()
 {
     local class missing=() state
     for class in "${classes[@]}"; do
-        class_known "$class" || missing+=("$class")
+        class_there "$class" || missing+=("$class")
     done
     if [ ${#missing[@]} -eq 0 ]; then
         good "all ${#classes[@]} classes are in $class_space"
@@ -46,9 +46,10 @@ check_registration()
 doctor()
 {
     local problem
-    need_server_commands
+    need commands_problem
     if problem=$(module_problem); then good "the server can load $module"; else bad "$problem"; fi
-    find_provider_dir
+    find_places
+    need provider_dir_problem
     if linked; then
         good "the server finds the module in $provider_dir"
     else

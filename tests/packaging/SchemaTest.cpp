@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 #include <stdexcept>
 
@@ -21,6 +22,7 @@ namespace
 {
 const char* const ClassesFile = VQ_SOURCE_DIR "/schema/SystemProvider.mof";
 const char* const RegistrationFile = VQ_SOURCE_DIR "/schema/SystemProviderRegistration.mof";
+const char* const MethodsFile = VQ_SOURCE_DIR "/schema/SystemProviderMethods.mof";
 
 const std::vector<std::string> ServedClasses = {
     "QORTAL_BIOS", "QORTAL_Chassis",        "QORTAL_BaseBoard",       "QORTAL_CacheMemory", "QORTAL_Port",
@@ -74,9 +76,9 @@ Texts unitsOf(const char* className, const char* name)
     return units;
 }
 
-std::vector<MofInstance> registrationsOf(const std::string& className)
+std::vector<MofInstance> registrationsOf(const std::string& className, const char* file = RegistrationFile)
 {
-    std::vector<MofInstance> instances = readMofInstances(RegistrationFile);
+    std::vector<MofInstance> instances = readMofInstances(file);
     instances.erase(std::remove_if(instances.begin(), instances.end(),
                                    [&className](const MofInstance& i) { return i.className != className; }),
                     instances.end());
@@ -269,17 +271,32 @@ TEST(Registration, HasOneCapabilityForEachClassAndTheProviderAnswersToIt)
 {
     const ServedTable table(fullTable());
     std::vector<std::string> classes;
-    std::set<std::string> identifiers;
     for (const MofInstance& capability : registrationsOf("PG_ProviderCapabilities")) {
         const std::string className = capability.values.at("ClassName");
         classes.push_back(className);
-        identifiers.insert(capability.values.at("CapabilityID"));
+        // vq-register tells by the number which class is registered.
+        EXPECT_EQ(capability.values.at("CapabilityID"), std::to_string(classes.size()));
         EXPECT_EQ(capability.values.at("ProviderName"), "SystemProvider");
         EXPECT_EQ(capability.values.at("ProviderModuleName"), "SystemProviderModule");
         EXPECT_EQ(capability.values.at("Namespaces"), "{root/cimv2}");
-        EXPECT_EQ(capability.values.at("ProviderType"), className == "QORTAL_OperatingSystem" ? "{2,5}" : "{2}");
+        EXPECT_EQ(capability.values.at("ProviderType"), "{2}"); // instances
         EXPECT_FALSE(instancesOf(className.c_str()).empty()) << className;
     }
     EXPECT_EQ(classes, ServedClasses);
-    EXPECT_EQ(identifiers.size(), classes.size());
+}
+
+TEST(Registration, HasTheMethodsApart)
+{
+    ASSERT_EQ(readMofInstances(MethodsFile).size(), 1u);
+    const std::vector<MofInstance> capabilities = registrationsOf("PG_ProviderCapabilities", MethodsFile);
+    ASSERT_EQ(capabilities.size(), 1u);
+    const std::map<std::string, std::string> expected = {{"ProviderModuleName", "SystemProviderModule"},
+                                                         {"ProviderName", "SystemProvider"},
+                                                         {"CapabilityID", "10"},
+                                                         {"ClassName", "QORTAL_OperatingSystem"},
+                                                         {"Namespaces", "{root/cimv2}"},
+                                                         {"ProviderType", "{5}"}, // methods
+                                                         {"SupportedProperties", "NULL"},
+                                                         {"SupportedMethods", "NULL"}};
+    EXPECT_EQ(capabilities[0].values, expected);
 }

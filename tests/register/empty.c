@@ -1,2 +1,2 @@
-/* An empty shared library. */
-typedef int vqEmpty;
+/* A library that looks like a module for a CIM server, and needs no other. */
+void PegasusCreateProvider(void) {}

@@ -55,9 +55,11 @@ $doc_dir/admin.md
 $doc_dir/changelog.gz
 $doc_dir/classes.md
 $doc_dir/copyright
+$doc_dir/security.md
 $man/man1/vqinventory.1.gz
 $man/man8/vq-register.8.gz
 $schema_dir/SystemProvider.mof
+$schema_dir/SystemProviderMethods.mof
 $schema_dir/SystemProviderRegistration.mof
 END
         [ "$cim_library" = openpegasus ] || echo "$module_dir/libvqcim.so"

@@ -20,49 +20,22 @@ for dir in /usr /etc /var /opt; do
         2>"$scratch/why" || skip "no overlay over $dir: $(cat "$scratch/why")"
 done
 
-# The server's commands, with what they know in files below $server.
+# A server that is only its commands, in bin, and lets nobody in but whom it is told to.
 server=$scratch/server
-mkdir -p "$server/bin" "$server/providers" "$server/classes"
+mkdir -p "$server/bin" "$server/program" "$server/lib" "$server/repository/root#PG_InterOp" "$server/repository/root#cimv2/classes"
 touch "$server/calls"
-stub()
-{
-    { printf '#!/bin/bash\nserver=%s\necho "${0##*/} $*" >>$server/calls\n' "$server"; cat; } >"$server/bin/$1"
-    chmod +x "$server/bin/$1"
-}
-stub cimserver <<'END'
-[ "$*" = --status ]
-END
-stub cimconfig <<'END'
-[ "$*" != "-g providerDir -c" ] || echo "Current value: $server/providers"
-END
-stub cimmof <<'END'
-case "${!#}" in
-*/SystemProviderRegistration.mof) touch $server/registered ;;
-*/SystemProvider.mof) for class in $(sed -n 's/^class \([^ ]*\) .*/\1/p' "${!#}"); do touch $server/classes/$class; done ;;
-*) exit 1 ;;
-esac
-END
-stub cimmofl </dev/null
-stub cimprovider <<'END'
-case "$1 ${2-}" in
-"-l ") [ ! -e $server/registered ] || echo SystemProviderModule ;;
-"-l -s") [ ! -e $server/registered ] || echo "SystemProviderModule   OK" ;;
-"-r -m") rm $server/registered ;;
-*) exit 1 ;;
-esac
-END
-stub cimcli <<'END'
-case "$1" in
-gc) [ -e $server/classes/$2 ] ;;
-dc) rm $server/classes/$2 ;;
-*) exit 1 ;;
-esac
-END
-export PATH=$server/bin:$PATH
-unset PEGASUS_HOME
+for command in cimserver cimmof cimprovider cimcli cimconfig; do
+    cp "$source_dir/tests/register/server-command" "$server/bin/$command"
+done
+cp "$(type -P tail)" "$server/program/cimserver"
+printf '%s=true\n' enableAuthentication enableNamespaceAuthorization >"$server/cimserver_planned.conf"
+export PATH=$server/bin:$PATH VQ_STAND_IN=$server PEGASUS_HOME=$server
 [ -z "$pegasus_libraries" ] || export LD_LIBRARY_PATH=$pegasus_libraries
+cimserver
+read -r server_process _ <"$server/process"
+trap 'kill "$server_process"; umount -l "$scratch"; rmdir "$scratch"' EXIT
 
-known() { (cd "$server" && find classes providers registered 2>/dev/null | grep -cE '^(classes/.*|providers/libSystemProvider\.so|registered)$') || true; }
+known() { find "$server/repository/root#cimv2/classes" "$server/repository/root#PG_InterOp/module" "$server/lib" ! -type d 2>/dev/null | wc -l; }
 # All files that were written or taken away here, but dpkg's own notes, by kind, permissions, size and place. Of the upper
 # layers only: the machine's own files may change meanwhile by other hands.
 files()
@@ -85,12 +58,13 @@ check "classes, registration and link after installation" "$all_known" "$(known)
 check "the installed files" "$(expected_files)" "$(dpkg -L "$package" | while read -r file; do [ -d "$file" ] || echo "$file"; done | sort)"
 check "vqinventory as installed" "QORTAL_OperatingSystem" "$("$bin/vqinventory" --format json QORTAL_OperatingSystem | grep -o QORTAL_OperatingSystem | head -1)"
 if [ "$cim_library" = openpegasus ]; then
-    check "the link to the module" "$module_dir/libSystemProvider.so" "$(readlink -f "$server/providers/libSystemProvider.so")"
+    check "the link to the module" "$module_dir/libSystemProvider.so" "$(readlink -f "$server/lib/libSystemProvider.so")"
     check "vq-register status" "classes: 9 of 9 in root/cimv2
-registration: SystemProviderModule, state OK" "$(vq-register status)"
+registration: SystemProviderModule, state OK
+methods: Reboot and Shutdown, for root and the users that cimauth names" "$(vq-register status)"
 else
     check "nothing was asked of the server" "" "$(cat "$server/calls")"
-    check "vq-register register" "vq-register: the module was built against the standalone CIM library: build it with -DVQ_CIM=openpegasus" \
+    check "vq-register register" "vq-register: the module is made to run without a server: install the package systemprovider, or build with -DVQ_CIM=openpegasus" \
         "$(vq-register register 2>&1)"
 fi
 
@@ -108,7 +82,7 @@ check "files left behind or changed" "" "$(diff "$scratch/before" "$scratch/afte
 check "what dpkg still knows of the package" "" "$(dpkg-query -W "$package" 2>/dev/null || true)"
 
 # A server whose every command fails keeps nothing from being installed and removed.
-for command in cimserver cimconfig cimmof cimmofl cimprovider cimcli; do stub $command <<<'exit 1'; done
+for command in cimserver cimconfig cimmof cimprovider cimcli; do printf '#!/bin/sh\nexit 1\n' >"$server/bin/$command"; done
 dpkg_quietly -i "$deb" || code=$?
 check "installation beside a broken server" 0 "$code"
 [ "$cim_library" != openpegasus ] || check "what it says" "$not_registered" "$(grep "^$package: " "$scratch/dpkg.log")"
