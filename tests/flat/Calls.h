@@ -31,7 +31,7 @@ private:
 
 inline std::string textIn(MarkedBuffer& buffer)
 {
-    const std::string text(buffer.data());
+    std::string text(buffer.data());
     EXPECT_TRUE(buffer.isUntouchedFrom(text.size() + 1)) << "something follows the terminator of \"" << text << '"';
     return text;
 }

@@ -61,6 +61,6 @@ TEST(Standalone, AMovedArrayIsEmpty)
     from.append("a");
     const Array<String> to(std::move(from));
     EXPECT_EQ(1u, to.size());
-    EXPECT_EQ(0u, from.size());
+    EXPECT_EQ(0u, from.size()); // NOLINT(bugprone-use-after-move): which is what this test is about
     EXPECT_THROW(from[0], IndexOutOfBoundsException);
 }

@@ -84,6 +84,7 @@ int main()
     {
         const Sample sample;
         std::vector<std::thread> threads;
+        threads.reserve(failures.size());
         for (Uint32& count : failures)
             threads.emplace_back(work, sample, std::ref(count));
         for (std::thread& thread : threads)
