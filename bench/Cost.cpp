@@ -12,7 +12,7 @@
 #include "bench/Measured.h"
 #include "support/smbios/DumpSource.h"
 #include "support/smbios/SmBios.h"
-#include "tests/inventory/LargeTables.h"
+#include "tests/testing/LargeTables.h"
 
 #include <Pegasus/Common/CIMPropertyList.h>
 #include <Pegasus/Common/OperationContext.h>

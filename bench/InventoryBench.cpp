@@ -5,9 +5,9 @@
 // A request reads and cuts the whole table, whatever its class.
 
 #include "support/smbios/SmBios.h"
-#include "tests/inventory/LargeTables.h"
+#include "tests/testing/LargeTables.h"
 #include "tests/inventory/Measure.h"
-#include "tests/inventory/SampleTables.h"
+#include "tests/testing/SampleTables.h"
 #include "tests/testing/ServedTable.h"
 
 #include <benchmark/benchmark.h>

@@ -4,7 +4,7 @@
 
 #include "flat/Snapshot.h"
 #include "tests/flat/Calls.h"
-#include "tests/flat/FixedSystem.h"
+#include "tests/testing/FakeLibc.h"
 #include "tests/testing/ServedTable.h"
 
 #include <Pegasus/Common/CIMDateTime.h>
@@ -118,6 +118,9 @@ struct SlotWith : VQ::Slot
     explicit SlotWith(const std::string& designation) { _designation = designation; }
 };
 
+using BiosAccessors = FakeLibcTest;
+using ComputerSystemAccessors = FakeLibcTest;
+
 std::string printedBy(const std::function<void()>& action)
 {
     testing::internal::CaptureStdout();
@@ -144,7 +147,7 @@ TEST(BaseBoardAccessors, ReadTheirOwnFieldOfTheirOwnRecord)
     EXPECT_EQ(textOf(getBBLocation, 1), "second location");
 }
 
-TEST(BiosAccessors, ReadTheirOwnField)
+TEST_F(BiosAccessors, ReadTheirOwnField)
 {
     bios = BiosWith();
     EXPECT_EQ(textOf(getBiosManufacturer), "manufacturer");
@@ -159,7 +162,7 @@ TEST(BiosAccessors, ReadTheirOwnField)
     EXPECT_EQ(getBiosLoadedEndingAddress(), 0xFEDCBA9876543210ull);
 }
 
-TEST(BiosAccessors, SmBiosVersionIsTwoNumbersAndReturnsItsLength)
+TEST_F(BiosAccessors, SmBiosVersionIsTwoNumbersAndReturnsItsLength)
 {
     BiosWith record;
     MarkedBuffer buffer;
@@ -173,7 +176,7 @@ TEST(BiosAccessors, SmBiosVersionIsTwoNumbersAndReturnsItsLength)
     EXPECT_EQ(textIn(buffer), "65535.65534");
 }
 
-TEST(BiosAccessors, ReleaseDateIsDeliveredAndPrinted)
+TEST_F(BiosAccessors, ReleaseDateIsDeliveredAndPrinted)
 {
     BiosWith record;
     VQ::DateTime date;
@@ -187,10 +190,9 @@ TEST(BiosAccessors, ReleaseDateIsDeliveredAndPrinted)
     EXPECT_EQ(textIn(buffer), "20050307000000.000000+000");
 }
 
-TEST(BiosAccessors, ReleaseDateHasTheDatesOwnOffset)
+TEST_F(BiosAccessors, ReleaseDateHasTheDatesOwnOffset)
 {
-    fixedSystem() = FixedSystem();
-    fixedSystem().minutesEast = -300;
+    libc.gmtOffset = -300 * 60;
     BiosWith record;
     record.setReleaseDate(VQ::DateTime(1110214800, 3)); // 2005-03-07 17:00:00 UTC
     bios = record;
@@ -322,33 +324,31 @@ TEST(Lists, MayHoldMoreRecordsThan16BitsCount)
     slots.clear();
 }
 
-TEST(ComputerSystemAccessors, ReadLive)
+TEST_F(ComputerSystemAccessors, ReadLive)
 {
-    fixedSystem() = FixedSystem();
     ServedTable table(TableBuilder().type(1).string(0x05, "Server -[8837ABC]-").type(127));
-    EXPECT_EQ(textOf(getCSName), "fixed-host");
+    EXPECT_EQ(textOf(getCSName), "test-host");
     EXPECT_EQ(textOf(getCSModel), "8837ABC");
     EXPECT_EQ(textOf(getCSDescription), "Server ");
     EXPECT_EQ(textOf(getCSOwnerName), "");
     EXPECT_EQ(textOf(getCSOwnerContact), "");
     table.replace(TableBuilder().type(1).string(0x05, "Desk -[1A]- 2").type(127));
-    fixedSystem().nodename = "renamed";
+    libc.setHostName("renamed");
     EXPECT_EQ(textOf(getCSName), "renamed");
     EXPECT_EQ(textOf(getCSModel), "1A");
     EXPECT_EQ(textOf(getCSDescription), "Desk  2");
 }
 
-TEST(ComputerSystemAccessors, NameAndModelHaveASecondName)
+TEST_F(ComputerSystemAccessors, NameAndModelHaveASecondName)
 {
-    fixedSystem() = FixedSystem();
     const ServedTable table(TableBuilder().type(1).string(0x05, "Server -[8837ABC]-").type(127));
-    EXPECT_EQ(textOf(getName), "fixed-host");
+    EXPECT_EQ(textOf(getName), "test-host");
     EXPECT_EQ(textOf(getModel), "8837ABC");
 }
 
-TEST(ComputerSystemAccessors, LongestNodeNameFitsTheDocumentedBuffer)
+TEST_F(ComputerSystemAccessors, LongestNodeNameFitsTheDocumentedBuffer)
 {
-    fixedSystem().nodename = std::string(64, '\xE9'); // no UTF-8: each byte is one character of two bytes
+    libc.setHostName(std::string(64, '\xE9')); // no UTF-8: each byte is one character of two bytes
     EXPECT_EQ(textOf(getCSName).size() + 1, 129u);
 }
 

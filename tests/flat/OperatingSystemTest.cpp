@@ -2,18 +2,31 @@
 
 #include "flat/systemprovider.h"
 #include "tests/flat/Calls.h"
-#include "tests/flat/FixedSystem.h"
+#include "tests/testing/FakeLibc.h"
 
 #include <cstdlib>
+#include <cstring>
 
 namespace
 {
-class OperatingSystem : public testing::Test
+// The figures are unlike each other, and no accessor forwards to `totalram`.
+class OperatingSystem : public FakeLibcTest
 {
 protected:
-    void SetUp() override
+    OperatingSystem()
     {
-        fixedSystem() = FixedSystem();
+        libc.now = 1110214800; // 2005-03-07 17:00:00 UTC
+        libc.figures.uptime = 3601;
+        libc.figures.totalram = 7340032;
+        libc.figures.freeram = 5242880;
+        libc.figures.totalswap = 3145728;
+        libc.figures.procs = 54321;
+        libc.figures.mem_unit = 4096; // no accessor may look at it
+        std::strcpy(libc.names.sysname, "sysname");
+        std::strcpy(libc.names.release, "9.8.7-fixed");
+        std::strcpy(libc.names.version, "version");
+        std::strcpy(libc.names.machine, "machine");
+        libc.codeSet = "FIXED-CODESET";
         setenv("LANG", "de_DE.ISO-8859-1", 1);
         setenv("LC_CTYPE", "fr_FR.UTF-8", 1);
     }
@@ -65,13 +78,13 @@ TEST_F(OperatingSystem, IsNotDistributed)
 
 TEST_F(OperatingSystem, TimeZoneIsPositiveToTheEast)
 {
-    fixedSystem().minutesEast = 345;
+    libc.gmtOffset = 345 * 60;
     EXPECT_EQ(getOSCurrentTimeZone(), 345);
 }
 
 TEST_F(OperatingSystem, TimeZoneIsNegativeToTheWest)
 {
-    fixedSystem().minutesEast = -210;
+    libc.gmtOffset = -210 * 60;
     EXPECT_EQ(getOSCurrentTimeZone(), -210);
 }
 
@@ -103,7 +116,7 @@ TEST_F(OperatingSystem, SwapSpaceIsTotalswapInKibibytes)
 
 TEST_F(OperatingSystem, MemoryIsNeverNegative)
 {
-    fixedSystem().freeram = 0xFFFFFFFFul;
+    libc.figures.freeram = 0xFFFFFFFFul;
     EXPECT_EQ(getOSFreePhysicalMemory(), 4194303u);
 }
 
@@ -119,7 +132,7 @@ TEST_F(OperatingSystem, MemoryFiguresWithoutSourceAreZero)
 
 TEST_F(OperatingSystem, DatesAreLocalTimeWithOffsetFieldZero)
 {
-    fixedSystem().minutesEast = -300;
+    libc.gmtOffset = -300 * 60;
     EXPECT_EQ(textOf(getOSInstallDate), "19691231190000.000000+000");
     EXPECT_EQ(textOf(getOSLocalDateTime), "20050307120000.000000+000");
     EXPECT_EQ(textOf(getOSLastBootUpTime), "20050307105959.000000+000");
@@ -128,7 +141,7 @@ TEST_F(OperatingSystem, DatesAreLocalTimeWithOffsetFieldZero)
 TEST_F(OperatingSystem, DatesAreReadAnewOnEachCall)
 {
     EXPECT_EQ(textOf(getOSLocalDateTime), "20050307170000.000000+000");
-    fixedSystem().now += 61;
+    libc.now += 61;
     EXPECT_EQ(textOf(getOSLocalDateTime), "20050307170101.000000+000");
     EXPECT_EQ(textOf(getOSLastBootUpTime), "20050307160100.000000+000");
 }

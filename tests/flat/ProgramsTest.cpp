@@ -1,5 +1,6 @@
 // C programs over the module: the example, and one that loads and unloads it many times.
 
+#include "tests/testing/Process.h"
 #include "tests/testing/ServedTable.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace
@@ -17,26 +17,9 @@ const std::string ModuleFile = VQ_LIB_DIR "/libSystemProvider.so";
 const std::string ReaderFile = VQ_LIB_DIR "/from-dump/libvqsmbios.so";
 const std::string RealTables = VQ_SOURCE_DIR "/../shared/dumps";
 
-struct Outcome
-{
-    int exitCode;
-    std::string output; // standard error included
-};
-
-Outcome run(const std::string& command)
-{
-    std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-    std::string output;
-    char part[4096];
-    for (std::size_t size = 0; (size = std::fread(part, 1, sizeof part, pipe)) > 0;)
-        output.append(part, size);
-    const int status = pclose(pipe);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
-}
-
 Outcome runExample(const std::string& arguments)
 {
-    return run(std::string(VQ_EXAMPLE) + " " + arguments);
+    return run(std::string(VQ_EXAMPLE) + " " + arguments + " 2>&1");
 }
 
 class DumpFile
@@ -266,6 +249,6 @@ TEST(Reloading, AThousandTimesLeavesNothingBehind)
 #endif
     const DumpFile dump(machine());
     const Outcome outcome =
-        run(std::string(VQ_RELOAD) + " " + ModuleFile + " " + ReaderFile + " " + dump.path() + " 1000");
+        run(std::string(VQ_RELOAD) + " " + ModuleFile + " " + ReaderFile + " " + dump.path() + " 1000 2>&1");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.output;
 }

@@ -1,20 +1,9 @@
 #include "tests/inventory/GoldenText.h"
 
-#include "support/common/Export.h"
 #include "tests/testing/CimLines.h"
+#include "tests/testing/FakeLibc.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
-
-#include <cstring>
-#include <sys/utsname.h>
-
-// The host name that the program's own libraries see.
-extern "C" VQ_EXPORT int uname(struct utsname* names) noexcept
-{
-    *names = {};
-    std::strcpy(names->nodename, "sample.example");
-    return 0;
-}
 
 namespace
 {
@@ -24,6 +13,7 @@ const char* const SmBiosClasses[] = {"QORTAL_BIOS", "QORTAL_Chassis", "QORTAL_Ba
 
 std::string goldenText(const std::string& dumpFile)
 {
+    fakeLibc().setHostName("sample.example");
     const ServedTable table(dumpFile);
     std::string all;
     for (const char* className : SmBiosClasses) {

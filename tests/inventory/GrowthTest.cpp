@@ -1,8 +1,8 @@
 // What a request costs grows with the table, and no faster: the cost of a structure stays the same from 1,000
 // structures to 16,000. Anything quadratic would cost 16 times as much.
 
-#include "tests/inventory/LargeTables.h"
 #include "tests/inventory/Measure.h"
+#include "tests/testing/LargeTables.h"
 #include "tests/testing/ServedTable.h"
 
 #include <algorithm>
@@ -78,12 +78,6 @@ void expectLinear(const GrowingClass& growing, const Request& request = enumerat
     }
 }
 
-const GrowingClass& slots()
-{
-    return *std::find_if(std::begin(GrowingClasses), std::end(GrowingClasses),
-                         [](const GrowingClass& each) { return std::string(each.name) == "QORTAL_Slot"; });
-}
-
 class Growth : public testing::TestWithParam<GrowingClass>
 {
 };
@@ -109,7 +103,7 @@ TEST(BaseBoards, ConfigurationOptionsAreSharedByAllBoards)
 
 TEST(Slots, NamesCostTheSameInALargeTable)
 {
-    expectLinear(slots(), [](TestProvider& provider, const char* className) {
+    expectLinear(growingClass("QORTAL_Slot"), [](TestProvider& provider, const char* className) {
         RecordingPathHandler handler;
         provider.enumerateNames(pathOf(className), handler);
     });
@@ -117,7 +111,7 @@ TEST(Slots, NamesCostTheSameInALargeTable)
 
 TEST(Slots, GettingOneThatIsNotThereCostsTheSameInALargeTable)
 {
-    expectLinear(slots(), [](TestProvider& provider, const char* className) {
+    expectLinear(growingClass("QORTAL_Slot"), [](TestProvider& provider, const char* className) {
         RecordingInstanceHandler handler;
         provider.get(pathOf(className), handler);
     });

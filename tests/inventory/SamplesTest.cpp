@@ -1,7 +1,7 @@
 // The committed sample tables and their golden texts.
 
 #include "tests/inventory/GoldenText.h"
-#include "tests/inventory/SampleTables.h"
+#include "tests/testing/SampleTables.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Writes the sample tables, and the golden text of each, into the folder that its only argument names.
 
 #include "tests/inventory/GoldenText.h"
-#include "tests/inventory/SampleTables.h"
+#include "tests/testing/SampleTables.h"
 
 #include <cstdio>
 #include <exception>

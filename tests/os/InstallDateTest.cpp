@@ -3,8 +3,8 @@
 // CIM, reach the functions here. The objects under test are the module's own.
 
 #include "os/OperatingSystem.h"
-#include "tests/os/FakeLibc.h"
 #include "tests/testing/CimLines.h"
+#include "tests/testing/FakeLibc.h"
 #include "tests/testing/Provider.h"
 
 #include <Pegasus/Common/CIMDateTime.h>

@@ -1,7 +1,7 @@
 // The instances of the two classes, row by row, over fixed answers of libc.
 
-#include "tests/os/FakeLibc.h"
 #include "tests/testing/CimLines.h"
+#include "tests/testing/FakeLibc.h"
 #include "tests/testing/Provider.h"
 
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // Language edition and code set. The two read the same variable by different rules; the asymmetry is meant.
 
 #include "os/OperatingSystem.h"
-#include "tests/os/FakeLibc.h"
+#include "tests/testing/FakeLibc.h"
 
 #include <cstdlib>
 #include <ostream>

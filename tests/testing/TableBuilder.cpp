@@ -1,8 +1,8 @@
 #include "tests/testing/TableBuilder.h"
 
+#include "tests/testing/EntryPoints.h"
+
 #include <algorithm>
-#include <cstring>
-#include <numeric>
 
 namespace
 {
@@ -13,14 +13,6 @@ void put(std::vector<unsigned char>& bytes, std::size_t offset, std::uint64_t va
 {
     for (std::size_t i = 0; i < size; ++i)
         bytes[offset + i] = static_cast<unsigned char>(value >> (8 * i));
-}
-
-// Sets the byte at `at` so that `size` bytes from `begin` on add up to 0.
-void setChecksum(std::vector<unsigned char>& bytes, std::size_t begin, std::size_t size, std::size_t at)
-{
-    bytes[at] = 0;
-    const auto first = bytes.begin() + static_cast<long>(begin);
-    bytes[at] = static_cast<unsigned char>(-std::accumulate(first, first + static_cast<long>(size), 0));
 }
 }
 
@@ -117,43 +109,24 @@ std::vector<unsigned char> TableBuilder::structures() const
 
 std::vector<unsigned char> TableBuilder::entryPoint(std::size_t tableSize) const
 {
-    std::vector<unsigned char> bytes(DumpTableOffset);
-    if (_form == Form::Bits64) {
-        std::memcpy(bytes.data(), "_SM3_", 5);
-        bytes[0x06] = 0x18; // length
-        bytes[0x07] = _major;
-        bytes[0x08] = _minor;
-        bytes[0x0A] = 1; // revision
-        put(bytes, 0x0C, tableSize, 4);
-        put(bytes, 0x10, DumpTableOffset, 8);
-        setChecksum(bytes, 0, 0x18, 0x05);
-    } else if (_form == Form::Dmi) {
-        std::memcpy(bytes.data(), "_DMI_", 5);
-        put(bytes, 0x06, tableSize, 2);
-        put(bytes, 0x08, DumpTableOffset, 4);
-        put(bytes, 0x0C, _structures.size(), 2);
-        bytes[0x0E] = static_cast<unsigned char>(_major << 4 | _minor);
-        setChecksum(bytes, 0, 0x0F, 0x05);
-    } else {
-        std::memcpy(bytes.data(), "_SM_", 4);
-        bytes[0x05] = 0x1F; // length
-        bytes[0x06] = _major;
-        bytes[0x07] = _minor;
-        std::memcpy(bytes.data() + 0x10, "_DMI_", 5);
-        put(bytes, 0x16, tableSize, 2);
-        put(bytes, 0x18, DumpTableOffset, 4);
-        put(bytes, 0x1C, _structures.size(), 2);
-        bytes[0x1E] = static_cast<unsigned char>(_major << 4 | _minor);
-        setChecksum(bytes, 0x10, 0x0F, 0x15);
-        setChecksum(bytes, 0, 0x1F, 0x04);
+    const SmBiosVersion version = {_major, _minor};
+    const auto length = static_cast<std::uint16_t>(tableSize);
+    const auto count = static_cast<std::uint16_t>(_structures.size());
+    switch (_form) {
+    case Form::Bits64:
+        return entryPoint64(DumpTableOffset, static_cast<std::uint32_t>(tableSize), version);
+    case Form::Dmi:
+        return entryPointDmi(DumpTableOffset, length, count, version);
+    default:
+        return entryPoint32(DumpTableOffset, length, count, version);
     }
-    return bytes;
 }
 
 std::vector<unsigned char> TableBuilder::dump() const
 {
     const std::vector<unsigned char> table = structures();
     std::vector<unsigned char> bytes = entryPoint(table.size());
+    bytes.resize(DumpTableOffset);
     bytes.insert(bytes.end(), table.begin(), table.end());
     return bytes;
 }

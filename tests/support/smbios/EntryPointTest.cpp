@@ -1,7 +1,7 @@
 #include "support/smbios/EntryPoint.h"
 
 #include "support/smbios/SmBios.h"
-#include "tests/support/smbios/EntryPointBytes.h"
+#include "tests/testing/EntryPoints.h"
 
 #include <gtest/gtest.h>
 

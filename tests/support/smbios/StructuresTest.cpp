@@ -1,7 +1,7 @@
 #include "support/smbios/Structures.h"
 
 #include "support/smbios/EntryPoint.h"
-#include "tests/support/smbios/EntryPointBytes.h"
+#include "tests/testing/EntryPoints.h"
 #include "tests/testing/TableBuilder.h"
 
 #include <chrono>

@@ -1,5 +1,5 @@
 #include "support/smbios/TableTypes.h"
-#include "tests/support/smbios/EntryPointBytes.h"
+#include "tests/testing/EntryPoints.h"
 
 #include <gtest/gtest.h>
 #include <string>

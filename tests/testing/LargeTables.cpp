@@ -1,5 +1,6 @@
-#include "tests/inventory/LargeTables.h"
+#include "tests/testing/LargeTables.h"
 
+#include <algorithm>
 #include <string>
 
 namespace
@@ -129,6 +130,12 @@ TableBuilder bigMachine()
     table.type(32).length(0x0B);
     table.type(127);
     return table;
+}
+
+const GrowingClass& growingClass(const std::string& name)
+{
+    return *std::find_if(std::begin(GrowingClasses), std::end(GrowingClasses),
+                         [&name](const GrowingClass& each) { return each.name == name; });
 }
 
 TableBuilder tableOf(const GrowingClass& growing, std::size_t structures)

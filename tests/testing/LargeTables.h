@@ -3,6 +3,7 @@
 #include "tests/testing/TableBuilder.h"
 
 #include <cstddef>
+#include <string>
 
 // Tables of a size that no sample has, for measurements.
 
@@ -20,6 +21,9 @@ struct GrowingClass
 /// The seven classes that come from the SMBIOS table. A chassis and a computer system are found once, however many
 /// structures there are; the BIOS class has one more instance for each OEM string that announces firmware.
 extern const GrowingClass GrowingClasses[7];
+
+/// The one of this name.
+const GrowingClass& growingClass(const std::string& name);
 
 /// A table of this many structures of the class's type, with the 64-bit entry point that such a size needs.
 TableBuilder tableOf(const GrowingClass& growing, std::size_t structures);

@@ -1,14 +1,16 @@
-#include "tests/os/FakeLibc.h"
+#include "tests/testing/FakeLibc.h"
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <langinfo.h>
 #include <sys/sysinfo.h>
 
 namespace
 {
 // Set up before any code runs: the loader and the sanitizers may ask before `main`.
-FakeLibc answers = {};
+constexpr FakeLibc AtFirst = {{}, false, 0, {"", "test-host", "", "", "", ""}, false, 0, 0, 0, false, 0, "", 0};
+FakeLibc answers = AtFirst;
 
 const char* const LanguageVariables[] = {"LANG", "LC_CTYPE", "LC_ALL"};
 
@@ -24,10 +26,15 @@ FakeLibc& fakeLibc()
     return answers;
 }
 
+void FakeLibc::setHostName(const std::string& name)
+{
+    std::memset(names.nodename, 0, sizeof names.nodename);
+    name.copy(names.nodename, sizeof names.nodename - 1);
+}
+
 FakeLibcTest::FakeLibcTest()
 {
-    answers = FakeLibc{};
-    answers.codeSet = "";
+    answers = AtFirst;
     for (const char* variable : LanguageVariables) {
         const char* value = std::getenv(variable);
         _environment[variable] = value ? std::optional<std::string>(value) : std::nullopt;
@@ -96,9 +103,11 @@ std::tm* localtime_r(const std::time_t* instant, std::tm* fields) noexcept
         errno = EOVERFLOW;
         return nullptr;
     }
-    const std::time_t shifted = *instant + answers.gmtOffset;
+    const bool isSummer = answers.summer != 0 && *instant >= answers.summer;
+    const long offset = answers.gmtOffset + (isSummer ? 3600 : 0);
+    const std::time_t shifted = *instant + offset;
     gmtime_r(&shifted, fields);
-    fields->tm_gmtoff = answers.gmtOffset;
+    fields->tm_gmtoff = offset;
     fields->tm_zone = "TEST";
     return fields;
 }

@@ -1,4 +1,4 @@
-#include "tests/inventory/SampleTables.h"
+#include "tests/testing/SampleTables.h"
 
 #include <string>
 
