@@ -1,30 +1,35 @@
 #include "tests/oracle/Dmidecode.h"
 
-#include <cstdio>
+#include "tests/testing/Process.h"
+
 #include <sstream>
 #include <stdexcept>
 
 namespace
 {
-struct Answer
-{
-    std::string output;
-    int status;
-};
-
 // The program lies in a folder of the administrator's commands, which a user's PATH may lack.
-Answer run(const std::string& arguments)
+Outcome runDmidecode(const std::string& arguments)
 {
-    const std::string command = "PATH=$PATH:/usr/sbin:/sbin LC_ALL=C dmidecode " + arguments + " 2>/dev/null";
-    FILE* pipe = popen(command.c_str(), "r");
-    if (!pipe)
-        throw std::runtime_error("cannot start a shell");
-    Answer answer;
-    char buffer[4096];
-    while (const std::size_t size = std::fread(buffer, 1, sizeof buffer, pipe))
-        answer.output.append(buffer, size);
-    answer.status = pclose(pipe);
-    return answer;
+    return run("PATH=$PATH:/usr/sbin:/sbin LC_ALL=C dmidecode " + arguments + " 2>/dev/null");
+}
+
+std::string outputOver(const std::string& dumpFile, const std::string& options)
+{
+    const Outcome outcome = runDmidecode(options + "--from-dump '" + dumpFile + "'");
+    if (outcome.exitCode != 0)
+        throw std::runtime_error("dmidecode fails for " + dumpFile);
+    return outcome.output;
+}
+
+// Takes the rows of hexadecimal bytes of one string: up to the row that its final zero ends. The row after them shows
+// the same string with its unprintable bytes rewritten, which is left out.
+std::string takeString(std::istream& lines, std::string line)
+{
+    std::string bytes = line.substr(2);
+    while (bytes.substr(bytes.size() - 2) != "00" && std::getline(lines, line))
+        bytes += " " + line.substr(2);
+    std::getline(lines, line);
+    return bytes;
 }
 
 bool beginsWith(const std::string& text, const char* begin)
@@ -60,16 +65,13 @@ std::vector<DmidecodeStructure> DmidecodeOutput::ofType(int type) const
 
 bool haveDmidecode()
 {
-    return run("--version").status == 0;
+    return runDmidecode("--version").exitCode == 0;
 }
 
 DmidecodeOutput dmidecode(const std::string& dumpFile)
 {
-    const Answer answer = run("--from-dump '" + dumpFile + "'");
-    if (answer.status != 0)
-        throw std::runtime_error("dmidecode fails for " + dumpFile);
     DmidecodeOutput parsed;
-    std::istringstream lines(answer.output);
+    std::istringstream lines(outputOver(dumpFile, ""));
     for (std::string line; std::getline(lines, line);) {
         if (beginsWith(line, "SMBIOS "))
             parsed.version = line.substr(7, line.find(' ', 7) - 7);
@@ -81,4 +83,25 @@ DmidecodeOutput dmidecode(const std::string& dumpFile)
             parsed.structures.back().lines.push_back(parseLine(line.substr(1)));
     }
     return parsed;
+}
+
+std::vector<DmidecodeBytes> dmidecodeBytes(const std::string& dumpFile)
+{
+    std::istringstream lines(outputOver(dumpFile, "--dump "));
+    std::vector<DmidecodeBytes> structures;
+    bool inStrings = false;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.rfind("Handle ", 0) == 0) {
+            structures.push_back({line, ""});
+            inStrings = false;
+        } else if (line == "\tStrings:") {
+            inStrings = true;
+        } else if (line.rfind("\t\t", 0) == 0 && inStrings) {
+            structures.back().push_back(takeString(lines, line));
+        } else if (line.rfind("\t\t", 0) == 0) {
+            std::string& formatted = structures.back()[1];
+            formatted += (formatted.empty() ? "" : " ") + line.substr(2);
+        }
+    }
+    return structures;
 }

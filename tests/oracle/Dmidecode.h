@@ -35,3 +35,10 @@ bool haveDmidecode();
 
 /// Runs the program over a dump. Throws std::runtime_error when it fails.
 DmidecodeOutput dmidecode(const std::string& dumpFile);
+
+/// One structure as `--dump` prints it: "Handle 0x0100, DMI type 1, 27 bytes", the formatted area in hexadecimal, and
+/// each string in hexadecimal with its final zero.
+using DmidecodeBytes = std::vector<std::string>;
+
+/// The same run, for the bytes of the structures.
+std::vector<DmidecodeBytes> dmidecodeBytes(const std::string& dumpFile);

@@ -2,12 +2,12 @@
 // rare codes and for fields that are not there, both must say the same of every field. Where they do not,
 // KnownDifferences says why.
 
-#include "tests/inventory/SampleTables.h"
 #include "tests/oracle/Dmidecode.h"
 #include "tests/oracle/Facts.h"
 #include "tests/oracle/KnownDifferences.h"
 #include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
+#include "tests/testing/SampleTables.h"
 #include "tests/testing/ServedTable.h"
 
 #include <algorithm>

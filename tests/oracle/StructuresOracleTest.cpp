@@ -1,6 +1,7 @@
 // The reader measured against dmidecode, on every dump there is: the same structures with the same bytes and strings.
 
 #include "support/smbios/SmBios.h"
+#include "tests/oracle/Dmidecode.h"
 #include "tests/testing/ServedTable.h"
 
 #include <algorithm>
@@ -8,8 +9,6 @@
 #include <cstring>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -17,12 +16,6 @@ using namespace VQ;
 
 namespace
 {
-const char* const Dmidecode = VQ_DMIDECODE; // empty where it is not installed
-
-// One structure as lines of text: "Handle 0x0100, DMI type 1, 27 bytes", the formatted area in hexadecimal, and each
-// string in hexadecimal with its final zero.
-using Structure = std::vector<std::string>;
-
 // Where dmidecode does something else on purpose, and why this reader does not.
 struct Difference
 {
@@ -36,50 +29,6 @@ const Difference Differences[] = {
      "dmidecode mends the length of a management device (type 34), 16 in place of 11; no class is made of that type"},
 };
 
-std::string outputOf(const std::string& command)
-{
-    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    if (!pipe)
-        throw std::runtime_error("cannot run " + command);
-    std::string output;
-    char buffer[4096];
-    for (std::size_t got; (got = std::fread(buffer, 1, sizeof buffer, pipe.get())) > 0;)
-        output.append(buffer, got);
-    return output;
-}
-
-// Takes the rows of hexadecimal bytes of one string: up to the row that its final zero ends. The row after them shows
-// the same string with its unprintable bytes rewritten, which is left out.
-std::string takeString(std::istream& lines, std::string line)
-{
-    std::string bytes = line.substr(2);
-    while (bytes.substr(bytes.size() - 2) != "00" && std::getline(lines, line))
-        bytes += " " + line.substr(2);
-    std::getline(lines, line);
-    return bytes;
-}
-
-std::vector<Structure> readByDmidecode(const std::string& dump)
-{
-    std::istringstream lines(outputOf(std::string(Dmidecode) + " --dump --from-dump '" + dump + "' 2>&1"));
-    std::vector<Structure> structures;
-    bool inStrings = false;
-    for (std::string line; std::getline(lines, line);) {
-        if (line.rfind("Handle ", 0) == 0) {
-            structures.push_back({line, ""});
-            inStrings = false;
-        } else if (line == "\tStrings:") {
-            inStrings = true;
-        } else if (line.rfind("\t\t", 0) == 0 && inStrings) {
-            structures.back().push_back(takeString(lines, line));
-        } else if (line.rfind("\t\t", 0) == 0) {
-            std::string& formatted = structures.back()[1];
-            formatted += (formatted.empty() ? "" : " ") + line.substr(2);
-        }
-    }
-    return structures;
-}
-
 std::string hexadecimal(const unsigned char* bytes, std::size_t size)
 {
     std::string text;
@@ -91,16 +40,16 @@ std::string hexadecimal(const unsigned char* bytes, std::size_t size)
     return text;
 }
 
-std::vector<Structure> readHere(const std::string& dump)
+std::vector<DmidecodeBytes> readHere(const std::string& dump)
 {
     const ServedTable served(dump);
     const SmBios smBios;
-    std::vector<Structure> structures;
+    std::vector<DmidecodeBytes> structures;
     for (const SmBios::Table& table : smBios.getTables()) {
         char header[80];
         std::snprintf(header, sizeof header, "Handle 0x%04X, DMI type %u, %u bytes", unsigned{table.getHandle()},
                       unsigned{table.getType()}, unsigned{table.getLength()});
-        Structure structure = {header, hexadecimal(table.getData().data(), table.getLength())};
+        DmidecodeBytes structure = {header, hexadecimal(table.getData().data(), table.getLength())};
         for (unsigned i = 1; i <= 255; ++i)
             if (const char* text = table.getString(static_cast<unsigned char>(i)))
                 structure.push_back(hexadecimal(reinterpret_cast<const unsigned char*>(text), std::strlen(text) + 1));
@@ -119,8 +68,8 @@ bool isKnownDifference(const std::string& dump, const std::string& header)
 void expectSameStructures(const std::string& dump)
 {
     SCOPED_TRACE(dump);
-    const std::vector<Structure> here = readHere(dump);
-    const std::vector<Structure> there = readByDmidecode(dump);
+    const std::vector<DmidecodeBytes> here = readHere(dump);
+    const std::vector<DmidecodeBytes> there = dmidecodeBytes(dump);
     EXPECT_EQ(here.size(), there.size());
     EXPECT_GT(here.size(), 0u);
     for (std::size_t i = 0; i < std::min(here.size(), there.size()); ++i) {
@@ -144,7 +93,7 @@ std::vector<std::string> dumpsIn(const std::string& directory)
 
 void expectSameStructuresInAllOf(const std::string& directory)
 {
-    if (!*Dmidecode)
+    if (!haveDmidecode())
         GTEST_SKIP() << "dmidecode is not installed";
     const std::vector<std::string> dumps = dumpsIn(directory);
     if (dumps.empty())
@@ -166,7 +115,7 @@ TEST(Dmidecode, ReadsTheSameStructuresOfTheSamples)
 
 TEST(Dmidecode, ReadsTheSameStructuresOfABuiltTable)
 {
-    if (!*Dmidecode)
+    if (!haveDmidecode())
         GTEST_SKIP() << "dmidecode is not installed";
     TableBuilder table;
     table.type(0).string(0x04, "Maker").string(0x05, std::string("Caf\xE9 \x01\x7F", 7)).length(0x18);
