@@ -3,7 +3,7 @@
 
 #include "support/smbios/DumpSource.h"
 #include "support/smbios/SmBios.h"
-#include "tests/inventory/LargeTables.h"
+#include "tests/testing/LargeTables.h"
 
 #include <algorithm>
 #include <cstdio>

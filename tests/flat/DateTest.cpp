@@ -2,9 +2,8 @@
 
 #include "flat/Delivery.h"
 #include "tests/flat/Calls.h"
-#include "tests/flat/FixedSystem.h"
-
-#include <cstring>
+#include "tests/testing/DateFields.h"
+#include "tests/testing/FakeLibc.h"
 
 namespace
 {
@@ -17,19 +16,9 @@ std::string dateText(const VQ::DateTime& date, int offset)
     return textIn(buffer);
 }
 
-// A DateTime has no setter for its milliseconds and no constructor that gives it any; so they are put where they lie.
-VQ::DateTime withMilliseconds(VQ::DateTime date, std::uint32_t milliseconds)
-{
-    constexpr std::size_t Position = 8; // after the year and five bytes, aligned
-    std::memcpy(reinterpret_cast<char*>(&date) + Position, &milliseconds, sizeof milliseconds);
-    EXPECT_EQ(date.getMillisecond(), milliseconds) << "the layout of DateTime has changed";
-    return date;
-}
-
-class Date : public testing::Test
+class Date : public FakeLibcTest
 {
 protected:
-    void SetUp() override { fixedSystem() = FixedSystem(); }
     const VQ::DateTime noon{1110196800, LocalWithOffset}; // 2005-03-07 12:00:00 UTC
 };
 }
@@ -58,8 +47,8 @@ TEST_F(Date, KeepsThePlusSignBeforeANegativeOffset)
 
 TEST_F(Date, WritesMillisecondsUnscaledInSixDigits)
 {
-    EXPECT_EQ(dateText(withMilliseconds(noon, 123), 0), "20050307120000.000123+000");
-    EXPECT_EQ(dateText(withMilliseconds(noon, 123456), 0), "20050307120000.123456+000"); // six digits, no fewer
+    EXPECT_EQ(dateText(dateOf({2005, 3, 7, 12, 0, 0, 123, 0}), 0), "20050307120000.000123+000");
+    EXPECT_EQ(dateText(dateOf({2005, 3, 7, 12, 0, 0, 123456, 0}), 0), "20050307120000.123456+000"); // all six digits
 }
 
 TEST_F(Date, OfNoDayIsAllZeros)

@@ -2,37 +2,14 @@
 
 #include "tests/support/TimeZone.h"
 #include "tests/testing/CimLines.h"
+#include "tests/testing/DateFields.h"
 
-#include <cstring>
 #include <gtest/gtest.h>
-#include <type_traits>
 
 using namespace VQ;
 
 namespace
 {
-// Most fields of a DateTime have no setter, and libc never gives most of the values that the conversion must stand.
-struct Fields
-{
-    std::uint16_t year = 2005;
-    std::uint8_t month = 3;
-    std::uint8_t day = 14;
-    std::uint8_t hour = 15;
-    std::uint8_t minute = 9;
-    std::uint8_t second = 26;
-    std::uint32_t millisecond = 535;
-    std::int16_t offset = 60;
-};
-
-DateTime dateOf(const Fields& fields)
-{
-    static_assert(sizeof(Fields) == sizeof(DateTime) && std::is_trivially_copyable_v<DateTime> &&
-                  std::is_standard_layout_v<DateTime>);
-    DateTime date;
-    std::memcpy(static_cast<void*>(&date), &fields, sizeof date);
-    return date;
-}
-
 std::string cim(const DateTime& date)
 {
     return text(make_CIMDateTime(date).toString());
@@ -41,7 +18,7 @@ std::string cim(const DateTime& date)
 // The text of a date whose one field was changed.
 template <class Member, class Value> std::string with(Member member, Value value)
 {
-    Fields fields;
+    DateFields fields;
     fields.*member = value;
     return cim(dateOf(fields));
 }
@@ -99,14 +76,14 @@ TEST(CimDateTime, NoDateIsUnknownThroughout)
 
 TEST(CimDateTime, YearOfFiveDigitsIsUnknownThroughout)
 {
-    EXPECT_EQ(with(&Fields::year, 9999), "99990314150926.535000+060");
-    EXPECT_EQ(with(&Fields::year, 10000), "**************.******+000");
-    EXPECT_EQ(with(&Fields::year, 65535), "**************.******+000");
+    EXPECT_EQ(with(&DateFields::year, 9999), "99990314150926.535000+060");
+    EXPECT_EQ(with(&DateFields::year, 10000), "**************.******+000");
+    EXPECT_EQ(with(&DateFields::year, 65535), "**************.******+000");
 }
 
 TEST(CimDateTime, YearZeroIsAYear)
 {
-    EXPECT_EQ(with(&Fields::year, 0), "00000314150926.535000+060");
+    EXPECT_EQ(with(&DateFields::year, 0), "00000314150926.535000+060");
 }
 
 TEST(CimDateTime, FirstAndLastInstantsOfTheCalendarStandAnyOffset)
@@ -117,17 +94,17 @@ TEST(CimDateTime, FirstAndLastInstantsOfTheCalendarStandAnyOffset)
 
 TEST(CimDateTime, ImpossibleMonthLeavesTheYear)
 {
-    EXPECT_EQ(with(&Fields::month, 0), "2005**********.******+060");
-    EXPECT_EQ(with(&Fields::month, 13), "2005**********.******+060");
-    EXPECT_EQ(with(&Fields::month, 255), "2005**********.******+060");
-    EXPECT_EQ(with(&Fields::month, 12), "20051214150926.535000+060");
+    EXPECT_EQ(with(&DateFields::month, 0), "2005**********.******+060");
+    EXPECT_EQ(with(&DateFields::month, 13), "2005**********.******+060");
+    EXPECT_EQ(with(&DateFields::month, 255), "2005**********.******+060");
+    EXPECT_EQ(with(&DateFields::month, 12), "20051214150926.535000+060");
 }
 
 TEST(CimDateTime, ImpossibleDayLeavesYearAndMonth)
 {
-    EXPECT_EQ(with(&Fields::day, 0), "200503********.******+060");
-    EXPECT_EQ(with(&Fields::day, 32), "200503********.******+060");
-    EXPECT_EQ(with(&Fields::day, 31), "20050331150926.535000+060");
+    EXPECT_EQ(with(&DateFields::day, 0), "200503********.******+060");
+    EXPECT_EQ(with(&DateFields::day, 32), "200503********.******+060");
+    EXPECT_EQ(with(&DateFields::day, 31), "20050331150926.535000+060");
 }
 
 TEST(CimDateTime, EachMonthHasItsOwnLength)
@@ -154,20 +131,20 @@ TEST(CimDateTime, FebruaryHas29DaysInLeapYearsOnly)
 
 TEST(CimDateTime, ImpossibleHourMinuteAndSecondLeaveTheFieldsBeforeThem)
 {
-    EXPECT_EQ(with(&Fields::hour, 23), "20050314230926.535000+060");
-    EXPECT_EQ(with(&Fields::hour, 24), "20050314******.******+060");
-    EXPECT_EQ(with(&Fields::minute, 59), "20050314155926.535000+060");
-    EXPECT_EQ(with(&Fields::minute, 60), "2005031415****.******+060");
-    EXPECT_EQ(with(&Fields::second, 59), "20050314150959.535000+060");
-    EXPECT_EQ(with(&Fields::second, 60), "200503141509**.******+060");
+    EXPECT_EQ(with(&DateFields::hour, 23), "20050314230926.535000+060");
+    EXPECT_EQ(with(&DateFields::hour, 24), "20050314******.******+060");
+    EXPECT_EQ(with(&DateFields::minute, 59), "20050314155926.535000+060");
+    EXPECT_EQ(with(&DateFields::minute, 60), "2005031415****.******+060");
+    EXPECT_EQ(with(&DateFields::second, 59), "20050314150959.535000+060");
+    EXPECT_EQ(with(&DateFields::second, 60), "200503141509**.******+060");
 }
 
 TEST(CimDateTime, ImpossibleMillisecondLeavesTheSeconds)
 {
-    EXPECT_EQ(with(&Fields::millisecond, 0u), "20050314150926.000000+060");
-    EXPECT_EQ(with(&Fields::millisecond, 999u), "20050314150926.999000+060");
-    EXPECT_EQ(with(&Fields::millisecond, 1000u), "20050314150926.******+060");
-    EXPECT_EQ(with(&Fields::millisecond, 4294967295u), "20050314150926.******+060");
+    EXPECT_EQ(with(&DateFields::millisecond, 0u), "20050314150926.000000+060");
+    EXPECT_EQ(with(&DateFields::millisecond, 999u), "20050314150926.999000+060");
+    EXPECT_EQ(with(&DateFields::millisecond, 1000u), "20050314150926.******+060");
+    EXPECT_EQ(with(&DateFields::millisecond, 4294967295u), "20050314150926.******+060");
 }
 
 TEST(CimDateTime, FieldsAfterAnImpossibleOneAreUnknownEvenIfPossible)
@@ -177,16 +154,16 @@ TEST(CimDateTime, FieldsAfterAnImpossibleOneAreUnknownEvenIfPossible)
 
 TEST(CimDateTime, OffsetHasASignAndThreeDigits)
 {
-    EXPECT_EQ(with(&Fields::offset, -1), "20050314150926.535000-001");
-    EXPECT_EQ(with(&Fields::offset, -210), "20050314150926.535000-210");
-    EXPECT_EQ(with(&Fields::offset, 0), "20050314150926.535000+000");
-    EXPECT_EQ(with(&Fields::offset, 999), "20050314150926.535000+999");
-    EXPECT_EQ(with(&Fields::offset, -999), "20050314150926.535000-999");
+    EXPECT_EQ(with(&DateFields::offset, -1), "20050314150926.535000-001");
+    EXPECT_EQ(with(&DateFields::offset, -210), "20050314150926.535000-210");
+    EXPECT_EQ(with(&DateFields::offset, 0), "20050314150926.535000+000");
+    EXPECT_EQ(with(&DateFields::offset, 999), "20050314150926.535000+999");
+    EXPECT_EQ(with(&DateFields::offset, -999), "20050314150926.535000-999");
 }
 
 TEST(CimDateTime, OffsetOfMoreThanThreeDigitsMakesEveryFieldUnknown)
 {
-    EXPECT_EQ(with(&Fields::offset, 1000), "**************.******+000");
-    EXPECT_EQ(with(&Fields::offset, -1000), "**************.******+000");
-    EXPECT_EQ(with(&Fields::offset, -32768), "**************.******+000");
+    EXPECT_EQ(with(&DateFields::offset, 1000), "**************.******+000");
+    EXPECT_EQ(with(&DateFields::offset, -1000), "**************.******+000");
+    EXPECT_EQ(with(&DateFields::offset, -32768), "**************.******+000");
 }

@@ -1,6 +1,7 @@
 #include "support/common/DateTime.h"
 
 #include "tests/support/TimeZone.h"
+#include "tests/testing/DateFields.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -180,6 +181,16 @@ TEST(DateTime, EachFieldMakesADifference)
     EXPECT_TRUE(DateTime(January2005 + 3600, Utc) != base);
     EXPECT_TRUE(DateTime(January2005 + 60, Utc) != base);
     EXPECT_TRUE(DateTime(January2005 + 1, Utc) != base);
+}
+
+TEST(DateTime, OneMillisecondMakesADifference)
+{
+    DateFields fields;
+    const DateTime date = dateOf(fields);
+    ++fields.millisecond;
+    EXPECT_TRUE(dateOf(fields) != date);
+    --fields.millisecond;
+    EXPECT_FALSE(dateOf(fields) != date);
 }
 
 TEST(DateTime, SameClockAtAnotherOffsetDiffers)
