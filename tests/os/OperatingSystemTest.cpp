@@ -1,7 +1,7 @@
 #include "os/OperatingSystem.h"
 
 #include "support/common/System.h"
-#include "tests/os/FakeLibc.h"
+#include "tests/testing/FakeLibc.h"
 
 #include <cstdio>
 #include <cstring>
@@ -218,6 +218,27 @@ TEST_F(TimeZone, FollowsAChangeOfLocalTime)
     EXPECT_EQ(system.getCurrentTimeZone(), 60);
     libc.gmtOffset = 7200;
     EXPECT_EQ(system.getCurrentTimeZone(), 120);
+}
+
+TEST_F(TimeZone, IsThatOfTheCurrentTime)
+{
+    libc.now = Pi2026;
+    libc.gmtOffset = 3600;
+    libc.summer = Pi2026;
+    EXPECT_EQ(system.getCurrentTimeZone(), 120);
+    libc.summer = Pi2026 + 1;
+    EXPECT_EQ(system.getCurrentTimeZone(), 60);
+}
+
+TEST_F(Dates, HaveTheOffsetOfTheirOwnInstant)
+{
+    libc.now = Pi2026;
+    libc.gmtOffset = 3600;
+    libc.summer = Pi2026;
+    libc.figures.uptime = 60;
+    EXPECT_EQ(dateText(system.getLocalDateTime()), "2026-03-14 17:09:26.0 +120");
+    EXPECT_EQ(dateText(system.getLastBootUpTime()), "2026-03-14 16:08:26.0 +60");
+    EXPECT_EQ(dateText(system.getInstallDate()), "1970-01-01 01:00:00.0 +60");
 }
 
 TEST_F(Dates, LocalDateTimeIsNowInLocalTime)
