@@ -2,6 +2,7 @@
 
 #include "tests/testing/CimLines.h"
 #include "tests/testing/FullTable.h"
+#include "tests/testing/LargeTables.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 
@@ -19,13 +20,16 @@ namespace
 struct ServedClass
 {
     const char* name;
-    std::size_t instances; ///< over `fullTable()`
+    std::size_t instances;         ///< over `fullTable()`
+    std::size_t withoutStructures; ///< over a table without the class's own
 };
 
 const ServedClass Classes[] = {
-    {"QORTAL_BIOS", 3},       {"QORTAL_Chassis", 1}, {"QORTAL_BaseBoard", 2},      {"QORTAL_CacheMemory", 3},
-    {"QORTAL_Port", 2},       {"QORTAL_Slot", 2},    {"QORTAL_ComputerSystem", 1}, {"QORTAL_OperatingSystem", 1},
-    {"QORx_SystemMemory", 1},
+    {"QORTAL_BIOS", 3, 1},           {"QORTAL_Chassis", 1, 1},
+    {"QORTAL_BaseBoard", 2, 0},      {"QORTAL_CacheMemory", 3, 0},
+    {"QORTAL_Port", 2, 0},           {"QORTAL_Slot", 2, 0},
+    {"QORTAL_ComputerSystem", 1, 1}, {"QORTAL_OperatingSystem", 1, 1},
+    {"QORx_SystemMemory", 1, 1},
 };
 
 std::string inCase(std::string name, int (*convert)(int))
@@ -93,6 +97,17 @@ TEST_P(Contract, EnumerationDeliversOneInstanceAtATimeBetweenProcessingAndComple
     EXPECT_EQ(handler.calls, expected);
 }
 
+TEST_P(Contract, EnumerationWithoutItsStructuresIsWhole)
+{
+    table.replace(TableBuilder().type(12).byte(0x04, 1).string("JP1").type(126).type(127));
+    RecordingInstanceHandler handler;
+    provider.enumerate(pathOf(name()), handler);
+    std::vector<std::string> expected = {"processing"};
+    expected.insert(expected.end(), GetParam().withoutStructures, "instance");
+    expected.push_back("complete");
+    EXPECT_EQ(handler.calls, expected);
+}
+
 TEST_P(Contract, NamesAreThePathsOfTheInstancesInTheirOrder)
 {
     RecordingPathHandler handler;
@@ -138,6 +153,43 @@ TEST_P(Contract, ClassNameIsDeliveredAsTheClientWroteIt)
     }
 }
 
+TEST_P(Contract, ValuesAndKeysAreTheSameHoweverTheClientWritesTheClass)
+{
+    // But for one: the system memory's own class name is the client's.
+    const std::string ownName = std::string(name()) == "QORx_SystemMemory" ? "CreationClassName | " : "none";
+    const auto same = [&ownName](const std::vector<std::string>& written, const std::vector<std::string>& expected) {
+        ASSERT_EQ(written.size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            if (expected[i].rfind(ownName, 0) == 0)
+                continue;
+            EXPECT_EQ(written[i], expected[i]);
+        }
+    };
+    const std::vector<CIMInstance> expected = enumerated(name());
+    for (const std::string& written : {inCase(name(), std::tolower), inCase(name(), std::toupper)}) {
+        const std::vector<CIMInstance> instances = enumerated(written);
+        ASSERT_EQ(instances.size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            same(allButVolatile(instances[i]), allButVolatile(expected[i]));
+            same(keyLines(instances[i].getPath()), keyLines(expected[i].getPath()));
+        }
+    }
+}
+
+TEST_P(Contract, EveryKeyIsAPropertyOfItsInstance)
+{
+    for (const CIMInstance& instance : enumerated(name())) {
+        const Array<CIMKeyBinding> keys = instance.getPath().getKeyBindings();
+        ASSERT_GT(keys.size(), 0u);
+        for (Uint32 i = 0; i < keys.size(); ++i) {
+            const Uint32 position = instance.findProperty(keys[i].getName());
+            ASSERT_NE(position, PEG_NOT_FOUND) << text(keys[i].getName().getString());
+            const CIMConstProperty property = instance.getProperty(position);
+            EXPECT_EQ(text(keys[i].getValue()), text(property.getValue().toString()));
+        }
+    }
+}
+
 TEST_P(Contract, HostAndNamespaceOfARequestAreIgnored)
 {
     for (const CIMInstance& instance : enumerated(name())) {
@@ -176,6 +228,17 @@ TEST_P(Contract, InstancesCarryNoQualifiersAndNoClassOrigin)
             EXPECT_EQ(property.getQualifierCount(), 0u);
             EXPECT_TRUE(property.getClassOrigin().isNull());
             EXPECT_FALSE(property.getPropagated());
+        }
+    }
+}
+
+TEST_P(Contract, PropertiesHaveNoFixedArraySize)
+{
+    std::vector<CIMInstance> instances = enumerated(name());
+    for (CIMInstance& instance : instances) {
+        for (Uint32 i = 0; i < instance.getPropertyCount(); ++i) {
+            const CIMProperty property = instance.getProperty(i);
+            EXPECT_EQ(property.getArraySize(), 0u) << text(property.getName().getString());
         }
     }
 }
@@ -229,12 +292,44 @@ TEST_P(Contract, EachRequestReadsTheCurrentTable)
     const std::size_t before = enumerated(name()).size();
     table.replace(TableBuilder().type(127));
     const std::size_t after = enumerated(name()).size();
-    const bool fromTableOnly = std::string(name()) == "QORTAL_BaseBoard" ||
-                               std::string(name()) == "QORTAL_CacheMemory" || std::string(name()) == "QORTAL_Port" ||
-                               std::string(name()) == "QORTAL_Slot";
     EXPECT_EQ(before, GetParam().instances);
-    EXPECT_EQ(after, fromTableOnly ? 0u : 1u);
+    EXPECT_EQ(after, GetParam().withoutStructures);
 }
+
+namespace
+{
+// A class with an instance for each structure of a type.
+struct ListedClass
+{
+    const char* name;
+    const char* key;     ///< that tells the instances apart
+    const char* keyText; ///< before the instance's number
+    const char* property;
+    const char* text; ///< before the structure's number
+};
+
+class Listed : public testing::TestWithParam<ListedClass>
+{
+};
+}
+
+TEST_P(Listed, InstancesOf300StructuresAreNumberedInTableOrder)
+{
+    const ServedTable table(tableOf(growingClass(GetParam().name), 300));
+    const std::vector<CIMInstance> instances = instancesOf(GetParam().name);
+    ASSERT_EQ(instances.size(), 300u);
+    for (std::size_t i = 0; i < instances.size(); ++i) {
+        EXPECT_EQ(valueOf(instances[i], GetParam().key), GetParam().keyText + std::to_string(i));
+        EXPECT_EQ(valueOf(instances[i], GetParam().property), GetParam().text + std::to_string(i));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Classes, Listed,
+                         testing::Values(ListedClass{"QORTAL_BaseBoard", "Tag", "BaseBoard", "SerialNumber", "BD"},
+                                         ListedClass{"QORTAL_CacheMemory", "DeviceID", "Cache", "Name", "Cache "},
+                                         ListedClass{"QORTAL_Port", "Tag", "PortConnector", "Name", "USB "},
+                                         ListedClass{"QORTAL_Slot", "Tag", "PCI Express ", "Name", "PCI Express "}),
+                         [](const testing::TestParamInfo<ListedClass>& info) { return std::string(info.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(Classes, Contract, testing::ValuesIn(Classes),
                          [](const testing::TestParamInfo<ServedClass>& info) { return std::string(info.param.name); });

@@ -1,8 +1,8 @@
 #include "support/smbios/HostSource.h"
 
 #include "support/smbios/SmBios.h"
-#include "tests/support/smbios/EntryPointBytes.h"
 #include "tests/support/smbios/Platform.h"
+#include "tests/testing/EntryPoints.h"
 #include "tests/testing/TableBuilder.h"
 
 #include <algorithm>
@@ -220,6 +220,26 @@ TEST_F(Sysfs, TableOfWholePagesIsRead)
         ASSERT_EQ(smBios.getTables().size(), 1u) << size;
         EXPECT_EQ(smBios.getTables()[0].getData(), table) << size;
     }
+}
+
+TEST_F(Sysfs, TableOfMoreThan64KilobytesIsWhole)
+{
+    const Bytes table = tableOfSize(200000);
+    offer(entryPoint64(0, 1000000), table);
+    const SmBios smBios;
+    ASSERT_EQ(smBios.getTables().size(), 1u);
+    EXPECT_EQ(smBios.getTables()[0].getData(), table);
+}
+
+TEST_F(Sysfs, TableOfMoreThan20000StructuresIsWhole)
+{
+    TableBuilder table;
+    for (std::uint16_t i = 0; i < 21000; ++i)
+        table.type(9).handle(i);
+    offer(entryPoint64(0, 1000000), table.structures());
+    const SmBios smBios;
+    ASSERT_EQ(smBios.getTables().size(), 21000u);
+    EXPECT_EQ(smBios.getTables().back().getHandle(), 20999);
 }
 
 TEST_F(Sysfs, InterruptedAndSmallAnswersAreReadOn)
@@ -532,6 +552,17 @@ TEST_F(Memory, TableThatTheDeviceCutsOffKeepsItsWholeStructures)
     place(0xF1230, entryPoint32(0x110000, 18, 3));
     image.resize(image.size() - 1);
     EXPECT_EQ(read(), "2.4: 7 8");
+}
+
+TEST_F(Memory, TableOfMoreThan64KilobytesIsWhole)
+{
+    const Bytes table = tableOfSize(200000);
+    place(0x110000, table);
+    place(0xF1230, entryPoint64(0x110000, static_cast<std::uint32_t>(table.size())));
+    offer();
+    const SmBios smBios;
+    ASSERT_EQ(smBios.getTables().size(), 1u);
+    EXPECT_EQ(smBios.getTables()[0].getData(), table);
 }
 
 TEST_F(Memory, AnnouncedLengthOfNothingIsAnEmptyTable)
