@@ -11,12 +11,15 @@
 
 using Lines = std::vector<std::string>;
 
-// Takes the place of the support library's function in this program: the same, but the text "unreadable" fails.
+// Takes the place of the support library's function in this program: the same, but the text "unreadable" fails, and so
+// does "no exception of the library's", by throwing what is no std::exception.
 std::string VQ::make_string(const char* text)
 {
     const std::string taken = text ? text : "";
     if (taken == "unreadable")
         throw std::runtime_error("cannot take this text over");
+    if (taken == "no exception of the library's")
+        throw 42;
     return taken;
 }
 
@@ -42,10 +45,15 @@ VQ::BaseBoard only(const TableBuilder& table)
     return VQ::GetBaseBoardInstances().at(0);
 }
 
-TableBuilder boardWithUnreadable(std::uint8_t offset)
+TableBuilder boardWith(std::uint8_t offset, const char* text)
 {
     TableBuilder table;
-    return addBoard(table, "").string(offset, "unreadable");
+    return addBoard(table, "").string(offset, text);
+}
+
+TableBuilder boardWithUnreadable(std::uint8_t offset)
+{
+    return boardWith(offset, "unreadable");
 }
 }
 
@@ -112,14 +120,6 @@ TEST(BaseBoardInstance, HasAnEmptyArrayOfOptionsOnAMachineWithoutAny)
     EXPECT_EQ(propertyLines(instancesOf("QORTAL_BaseBoard").at(0)).back(), "ConfigOptions | string[0] | ");
 }
 
-TEST(BaseBoardInstance, IsNotDeliveredOnAMachineWithoutBoards)
-{
-    const ServedTable served(TableBuilder().type(12).byte(0x04, 1).string("Jumper 1"));
-    RecordingInstanceHandler handler;
-    TestProvider().enumerate(pathOf("QORTAL_BaseBoard"), handler);
-    EXPECT_EQ(handler.calls, (Lines{"processing", "complete"}));
-}
-
 TEST(BaseBoardInstance, OptionThatFailsToBeReadEndsTheRequest)
 {
     TableBuilder table;
@@ -131,17 +131,6 @@ TEST(BaseBoardInstance, OptionThatFailsToBeReadEndsTheRequest)
 }
 
 // ---- the record
-
-TEST(BaseBoard, IsEmptyByDefault)
-{
-    const VQ::BaseBoard board;
-    EXPECT_EQ(board.getManufacturer(), "");
-    EXPECT_EQ(board.getSerialNumber(), "");
-    EXPECT_EQ(board.getAssetTag(), "");
-    EXPECT_EQ(board.getVersion(), "");
-    EXPECT_EQ(board.getProduct(), "");
-    EXPECT_EQ(board.getLocation(), "");
-}
 
 TEST(BaseBoard, HasNoVersionWhenItsProductReadsNormally)
 {
@@ -205,23 +194,24 @@ TEST(BaseBoard, FieldThatFailsToBeReadStaysEmptyAloneAndBringsNoVersion)
     EXPECT_EQ(withoutLocation.getAssetTag(), "Asset");
 }
 
+TEST(BaseBoard, FieldMayFailByAnyException)
+{
+    const VQ::BaseBoard withoutProduct = only(boardWith(0x05, "no exception of the library's"));
+    EXPECT_EQ(withoutProduct.getManufacturer(), "Maker");
+    EXPECT_EQ(withoutProduct.getProduct(), "");
+    EXPECT_EQ(withoutProduct.getVersion(), "Version");
+    EXPECT_EQ(withoutProduct.getSerialNumber(), "Serial");
+    const VQ::BaseBoard withoutLocation = only(boardWith(0x0A, "no exception of the library's"));
+    EXPECT_EQ(withoutLocation.getProduct(), "Product");
+    EXPECT_EQ(withoutLocation.getLocation(), "");
+}
+
 TEST(BaseBoard, OfAShortStructureReadsTheMissingFieldsAsNone)
 {
     const VQ::BaseBoard board = only(TableBuilder().type(2).string(0x04, "Maker").string(0x05, "Product").string("x"));
     EXPECT_EQ(board.getProduct(), "Product");
     EXPECT_EQ(board.getSerialNumber(), "");
     EXPECT_EQ(board.getLocation(), "");
-}
-
-TEST(BaseBoard, IsListedForEveryStructure)
-{
-    TableBuilder table;
-    for (int i = 0; i < 300; ++i)
-        table.type(2).string(0x04, "M" + std::to_string(i));
-    const ServedTable served(table);
-    const std::vector<VQ::BaseBoard> boards = VQ::GetBaseBoardInstances();
-    ASSERT_EQ(boards.size(), 300u);
-    EXPECT_EQ(boards[299].getManufacturer(), "M299");
 }
 
 // ---- configuration options
@@ -234,6 +224,17 @@ TEST(ConfigurationOptions, OfSeveralStructuresFollowOneAnotherInTableOrder)
     table.type(12).byte(0x04, 1).string("B1");
     const ServedTable served(table);
     EXPECT_EQ(VQ::getConfigurationOptions(), (Lines{"A1", "A2", "B1"}));
+}
+
+TEST(ConfigurationOptions, AreFoundBehindMoreStructuresThanEightBitsCount)
+{
+    for (const int structures : {256, 300}) {
+        TableBuilder table;
+        for (int i = 1; i < structures; ++i)
+            table.type(126);
+        const ServedTable served(table.type(12).byte(0x04, 1).string("A1"));
+        EXPECT_EQ(VQ::getConfigurationOptions(), Lines{"A1"}) << structures;
+    }
 }
 
 TEST(ConfigurationOptions, AreAllSharedByEveryBoard)

@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 #include <stdexcept>
-#include <type_traits>
 
 using Lines = std::vector<std::string>;
 
@@ -138,6 +137,15 @@ TEST(BiosInstance, NamesTheSmBiosVersionByMajorAndMinor)
     EXPECT_EQ(valueOf(onlyBiosInstance(), "SMBIOSBIOSVersion"), "2.31");
 }
 
+TEST(BiosInstance, HasEachSmBiosVersionInEightBitsWithoutSign)
+{
+    const ServedTable served(TableBuilder().version(128, 255).type(127));
+    const Pegasus::CIMInstance bios = onlyBiosInstance();
+    EXPECT_EQ(valueOf(bios, "SMBIOSBIOSVersion"), "128.255");
+    EXPECT_EQ(valueOf(bios, "SMBIOSMajorVersion"), "128");
+    EXPECT_EQ(valueOf(bios, "SMBIOSMinorVersion"), "255");
+}
+
 TEST(BiosInstance, FailureToDeliverItCostsNeitherTheFirmwareNorTheCompletion)
 {
     struct RefusesTheBios : RecordingInstanceHandler
@@ -156,19 +164,6 @@ TEST(BiosInstance, FailureToDeliverItCostsNeitherTheFirmwareNorTheCompletion)
     TestProvider().enumerate(pathOf("QORTAL_BIOS"), handler);
     EXPECT_EQ(handler.calls, (Lines{"processing", "instance", "complete"}));
     EXPECT_EQ(valueOf(handler.instances.at(0), "Name"), "Diagnostics");
-}
-
-TEST(Bios, IsEmptyByDefault)
-{
-    const VQ::Bios bios;
-    EXPECT_EQ(bios.getVersion(), "");
-    EXPECT_EQ(bios.getBuildNumber(), "");
-    EXPECT_EQ(bios.getManufacturer(), "");
-    EXPECT_EQ(bios.getSerialNumber(), "");
-    EXPECT_EQ(bios.getCurrentLanguage(), "");
-    EXPECT_TRUE(bios.getLanguages().empty());
-    EXPECT_FALSE(bios.getReleaseDate() != VQ::DateTime());
-    EXPECT_TRUE(std::has_virtual_destructor<VQ::Bios>::value);
 }
 
 TEST(Bios, ReadsTheFirstStructureOfEachType)
@@ -230,6 +225,9 @@ INSTANTIATE_TEST_SUITE_P(CutAtTheDashsPosition, BiosVersion,
                                          VersionCase{"-[ABC-1.05]-", "ABC", "1."}, VersionCase{"-[A-1.05]-", "A", ""},
                                          VersionCase{"-[-1.05]-", "", ""},
                                          VersionCase{"-[ABCD-1.2.3]-", "ABCD", "1.2"}));
+INSTANTIATE_TEST_SUITE_P(OfBlanksOnlyIsLeftAsItIs, BiosVersion,
+                         testing::Values(VersionCase{"-[   -1.05]-", "   ", "1."},
+                                         VersionCase{"-[ABC-  ]-", "ABC", "  "}));
 INSTANTIATE_TEST_SUITE_P(WithoutADashIsBothUnchanged, BiosVersion,
                          testing::Values(VersionCase{"Text -[ABCD42]-", "ABCD42", "ABCD42"},
                                          VersionCase{"-[ AB ]-", " AB ", " AB "}));

@@ -65,15 +65,6 @@ TEST(ChassisInstance, IsDeliveredEmptyOnAMachineWithoutAChassis)
     EXPECT_EQ(valueOf(instances[0], "Tag"), "Chassis0");
 }
 
-TEST(Chassis, IsEmptyByDefault)
-{
-    const VQ::Chassis chassis;
-    EXPECT_EQ(chassis.getManufacturer(), "");
-    EXPECT_EQ(chassis.getVersion(), "");
-    EXPECT_EQ(chassis.getSerialNumber(), "");
-    EXPECT_EQ(chassis.getAssetTag(), "");
-}
-
 TEST(Chassis, ReadsFourTexts)
 {
     TableBuilder table;

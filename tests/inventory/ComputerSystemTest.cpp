@@ -1,36 +1,37 @@
 #include "inventory/ComputerSystem.h"
 
+#include "support/common/DynamicLibrary.h"
 #include "support/common/Export.h"
 #include "support/smbios/SmBios.h"
 #include "tests/testing/CimLines.h"
+#include "tests/testing/FakeLibc.h"
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 
-#include <algorithm>
-#include <cstring>
 #include <deque>
 #include <dlfcn.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/utsname.h>
 #include <vector>
 
 using namespace VQ;
 
 namespace
 {
-std::string nodeName = "host1";
 std::deque<int> answers;            // of the probe, in the order in which it is asked
 std::vector<std::string> questions; // that it was asked
+std::vector<std::wstring> lookedUp; // in libraries, for the program's own objects
 }
 
-// In place of the C library's: the host name that the test wants.
-extern "C" VQ_EXPORT int uname(utsname* names) noexcept
+// By the linker's --wrap: the look-up of a function in an optional library, seen from the objects under test.
+void* watchedLookUp(const DynamicLibrary*, const std::wstring& name) __asm__("__wrap_" VQ_GET_SYMBOL);
+void* lookUp(const DynamicLibrary*, const std::wstring& name) __asm__("__real_" VQ_GET_SYMBOL);
+
+void* watchedLookUp(const DynamicLibrary* library, const std::wstring& name)
 {
-    std::memset(names, 0, sizeof *names);
-    std::memcpy(names->nodename, nodeName.data(), std::min(nodeName.size(), sizeof names->nodename - 1));
-    return 0;
+    lookedUp.push_back(name);
+    return lookUp(library, name);
 }
 
 // What the probe library of the tests asks for its answers.
@@ -56,6 +57,7 @@ protected:
     {
         answers.clear();
         questions.clear();
+        lookedUp.clear();
     }
     ~Probe() override { std::filesystem::current_path(_before); }
 
@@ -152,6 +154,13 @@ TEST_F(Probe, ControlDomainIsNotAskedSoItsAnswerIsNeverGiven)
     stand("answering");
     EXPECT_EQ(verdict({0, 0, 1, 1}), "1 ");
     EXPECT_EQ(questions, (Questions{"domU", "domU"}));
+}
+
+TEST_F(Probe, FunctionOfTheControlDomainIsLookedUpAfterThatOfTheGuest)
+{
+    stand("answering");
+    EXPECT_EQ(verdict({1}), "3 Xen");
+    EXPECT_EQ(lookedUp, (std::vector<std::wstring>{L"running_in_xen_domU", L"running_in_xen_dom0"}));
 }
 
 TEST_F(Probe, FunctionOfTheControlDomainMayBeAbsent)
@@ -276,13 +285,13 @@ TEST(ComputerSystem, OnlyTheFirstOf257StructuresIsFound)
 TEST(ComputerSystem, NameFollowsTheHostName)
 {
     const ComputerSystem system;
-    nodeName = "before.example";
+    fakeLibc().setHostName("before.example");
     EXPECT_EQ(system.getName(), "before.example");
-    nodeName = "after";
+    fakeLibc().setHostName("after");
     EXPECT_EQ(system.getName(), "after");
-    nodeName = "h\xC3\xB6st";
+    fakeLibc().setHostName("h\xC3\xB6st");
     EXPECT_EQ(system.getName(), "h\xC3\xB6st");
-    nodeName = "host1";
+    fakeLibc().setHostName("test-host");
 }
 
 TEST(ComputerSystem, OwnerIsUnknown)
@@ -296,7 +305,7 @@ TEST(ComputerSystem, UnreadableTableIsAnErrorOfModelAndDescriptionOnly)
 {
     const ServedTable missing(std::string("/no/such/dump.bin"));
     const ComputerSystem system;
-    EXPECT_EQ(system.getName(), "host1");
+    EXPECT_EQ(system.getName(), "test-host");
     EXPECT_THROW(system.getModel(), SmBiosError);
     EXPECT_THROW(system.getDescription(), SmBiosError);
 }
@@ -311,7 +320,7 @@ TEST_F(Probe, InstanceHasTenPropertiesInTheirOrder)
     const std::vector<std::string> expected = {
         "Caption | string | Computer System",
         "Description | string | Server 100 ",
-        "Name | string | host1",
+        "Name | string | test-host",
         "Status | string | Unknown",
         "CreationClassName | string | QORTAL_ComputerSystem",
         "PrimaryOwnerContact | string | ",
@@ -331,7 +340,7 @@ TEST_F(Probe, InstanceOfAMachineWithoutSmbiosAndProbeHasTheSameProperties)
     const std::vector<std::string> expected = {
         "Caption | string | Computer System",
         "Description | string | ",
-        "Name | string | host1",
+        "Name | string | test-host",
         "Status | string | Unknown",
         "CreationClassName | string | QORTAL_ComputerSystem",
         "PrimaryOwnerContact | string | ",
@@ -351,15 +360,55 @@ TEST_F(Probe, EachInstanceAsksTheProbeAnew)
     EXPECT_EQ(valueOf(instancesOf("QORTAL_ComputerSystem").at(0), "VirtualType"), "1");
 }
 
+namespace
+{
+// Writes down how often the probe has been asked by each delivery, and renames the host after it.
+struct RenamingHandler : RecordingInstanceHandler
+{
+    using RecordingInstanceHandler::deliver;
+    void deliver(const Pegasus::CIMInstance& instance) override
+    {
+        RecordingInstanceHandler::deliver(instance);
+        asked.push_back(questions.size());
+        fakeLibc().setHostName(fakeLibc().names.nodename + std::string("x"));
+    }
+    std::vector<std::size_t> asked;
+};
+}
+
+TEST_F(Probe, IsAskedForEveryCacheBeforeItsDelivery)
+{
+    stand("answering");
+    const ServedTable served(TableBuilder().type(7).type(7).type(7).type(127));
+    RenamingHandler handler;
+    TestProvider().enumerate(pathOf("QORTAL_CacheMemory"), handler);
+    EXPECT_EQ(handler.asked, (std::vector<std::size_t>{2, 4, 6})); // twice by each record, as no guest says so
+    ASSERT_EQ(handler.instances.size(), 3u);
+    EXPECT_EQ(valueOf(handler.instances[0], "SystemName"), "test-host");
+    EXPECT_EQ(valueOf(handler.instances[1], "SystemName"), "test-hostx");
+    EXPECT_EQ(valueOf(handler.instances[2], "SystemName"), "test-hostxx");
+    fakeLibc().setHostName("test-host");
+}
+
+TEST_F(Probe, IsAskedForTheHostNameOfTheOperatingSystemAndNotForThatOfTheMemory)
+{
+    stand("answering");
+    EXPECT_EQ(valueOf(instancesOf("QORTAL_OperatingSystem").at(0), "CSName"), "test-host");
+    EXPECT_EQ(questions.size(), 2u);
+    questions.clear();
+    EXPECT_EQ(valueOf(instancesOf("QORx_SystemMemory").at(0), "SystemName"), "test-host");
+    EXPECT_EQ(questions.size(), 0u);
+}
+
 TEST(ComputerSystem, InstanceIsNamedAfterTheHostAtTheTimeOfTheRequest)
 {
-    nodeName = "before";
+    fakeLibc().setHostName("before");
     EXPECT_EQ(
         keyLines(instancesOf("QORTAL_ComputerSystem").at(0).getPath()),
         (std::vector<std::string>{"CreationClassName | STRING | QORTAL_ComputerSystem", "Name | STRING | before"}));
-    nodeName = "after";
+    fakeLibc().setHostName("after");
     EXPECT_EQ(valueOf(instancesOf("QORTAL_ComputerSystem").at(0), "Name"), "after");
-    nodeName = "host1";
+    fakeLibc().setHostName("test-host");
 }
 
 TEST(ComputerSystem, OddBytesOfAProductNameAreLatin1)

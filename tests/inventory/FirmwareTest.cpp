@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 #include <stdexcept>
-#include <type_traits>
 
 using Lines = std::vector<std::string>;
 
@@ -84,15 +83,6 @@ TEST(FirmwareInstance, IsDeliveredForEachOfTwoRecordsAlike)
     EXPECT_TRUE(instances[1].getPath() == instances[2].getPath());
 }
 
-TEST(FirmwareInstance, NoneIsDeliveredWithoutOemStrings)
-{
-    const ServedTable served(TableBuilder().type(0).type(1).type(13));
-    RecordingInstanceHandler handler;
-    TestProvider().enumerate(pathOf("QORTAL_BIOS"), handler);
-    EXPECT_EQ(handler.calls, (Lines{"processing", "instance", "complete"}));
-    EXPECT_EQ(valueOf(handler.instances.at(0), "PrimaryBIOS"), "TRUE");
-}
-
 TEST(FirmwareInstance, OneCharacterOfArchitectedDataEndsTheRequestAfterTheBios)
 {
     TableBuilder table;
@@ -109,18 +99,6 @@ TEST(FirmwareInstance, OneCharacterOfArchitectedDataEndsTheRequestAfterTheBios)
 }
 
 // ---- the record
-
-TEST(Firmware, IsEmptyByDefault)
-{
-    const VQ::Firmware firmware;
-    EXPECT_EQ(firmware.getName(), "");
-    EXPECT_EQ(firmware.getVersion(), "");
-    EXPECT_EQ(firmware.getManufacturer(), "");
-    EXPECT_EQ(firmware.getSerialNumber(), "");
-    EXPECT_EQ(firmware.getBuildNumber(), "");
-    EXPECT_EQ(text(firmware.getReleaseDate().toString()), "00000000000000.000000:000");
-    EXPECT_TRUE(std::has_virtual_destructor<VQ::Firmware>::value);
-}
 
 TEST(Firmware, TakesNameVersionAndManufacturer)
 {
@@ -201,6 +179,9 @@ INSTANTIATE_TEST_SUITE_P(CutAtTheDashsPosition, FirmwareVersion,
                          testing::Values(BlockCase{"-[ABC-1.23]-", "ABC", "1."},
                                          BlockCase{"-[XXYT-1.23]-", "XXYT", "1.2"}, BlockCase{"-[A-1.23]-", "A", ""},
                                          BlockCase{"-[-XYT]-", "", ""}));
+INSTANTIATE_TEST_SUITE_P(OfBlanksOnlyIsLeftAsItIs, FirmwareVersion,
+                         testing::Values(BlockCase{"-[    -YT]-", "    ", "YT"},
+                                         BlockCase{"-[XXYT-    ]-", "XXYT", "   "}, BlockCase{"-[   ]-", "   ", ""}));
 INSTANTIATE_TEST_SUITE_P(WithoutADashIsEmpty, FirmwareVersion,
                          testing::Values(BlockCase{"-[XXYTZZ]-", "XXYTZZ", ""}, BlockCase{"-[ XYTZ ]-", "XYTZ", ""}));
 
@@ -248,6 +229,17 @@ TEST(FirmwareSelection, KeepsTheOrderOfStringsAndStructures)
     addOemStrings(table, {"3 -[XX8T]-"});
     const ServedTable served(table);
     EXPECT_EQ(namesOf(VQ::GetFirmwareInstances()), (Lines{"1", "2", "3"}));
+}
+
+TEST(FirmwareSelection, FindsStringsBehindMoreStructuresThanEightBitsCount)
+{
+    for (const int structures : {256, 300}) {
+        TableBuilder table;
+        for (int i = 1; i < structures; ++i)
+            table.type(126);
+        const ServedTable served(addOemStrings(table, {"a -[XXYT]-"}));
+        EXPECT_EQ(namesOf(VQ::GetFirmwareInstances()), Lines{"a"}) << structures;
+    }
 }
 
 TEST(FirmwareSelection, ReadsAsManyStringsAsAreAnnounced)

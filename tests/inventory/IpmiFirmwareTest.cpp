@@ -1,6 +1,7 @@
 // The BMC's firmware, read through stand-ins for the IPMI access library.
 
 #include "inventory/IpmiFirmware.h"
+#include "support/common/Text.h"
 #include "tests/inventory/IpmiStandIn.h"
 #include "tests/testing/CimLines.h"
 #include "tests/testing/Provider.h"
@@ -22,6 +23,15 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 using Lines = std::vector<std::string>;
+
+// Takes the place of the support library's function in this program: the same, but the version "9.9" fails.
+std::string VQ::make_string(const char* text)
+{
+    const std::string taken = text ? text : "";
+    if (taken == "9.9")
+        throw std::runtime_error("cannot take this version over");
+    return taken;
+}
 
 namespace
 {
@@ -437,6 +447,24 @@ TEST_F(IpmiFirmware, HasItsVersionInDecimalWithoutPadding)
     EXPECT_EQ(VQ::getIpmiFirmwareInstances().at(0).getVersion(), "0.0");
     setIdentity(*standIn, 2, 3, 255, 255);
     EXPECT_EQ(VQ::getIpmiFirmwareInstances().at(0).getVersion(), "255.255");
+}
+
+TEST_F(IpmiFirmware, ThatCannotBeDescribedIsAFailureOfTheList)
+{
+    LoadedStandIn standIn("whole");
+    setIdentity(*standIn, 2, 3, 9, 9);
+    EXPECT_THROW(VQ::getIpmiFirmwareInstances(), std::runtime_error);
+    EXPECT_THROW(VQ::GetFirmwareInstances(), std::runtime_error);
+    RecordingInstanceHandler handler;
+    EXPECT_THROW(TestProvider().enumerate(pathOf("QORTAL_BIOS"), handler), std::runtime_error);
+    EXPECT_EQ(handler.calls, (Lines{"processing", "instance"}));
+}
+
+TEST_F(IpmiFirmware, NeedsNoFunctionOfTheLibraryThatIsNotCalled)
+{
+    if (!inProcessThatFinds("with-a-missing-function"))
+        return;
+    EXPECT_EQ(VQ::getIpmiFirmwareInstances().size(), 1u);
 }
 
 // ---- in the lists

@@ -1,4 +1,5 @@
-/* A stand-in for the IPMI access library. Built as it is, and without each of its functions. */
+/* A stand-in for the IPMI access library. Built as it is, without each of its functions, and with a need of its own that
+   nothing fulfils. */
 
 #include "tests/inventory/IpmiStandIn.h"
 
@@ -18,6 +19,15 @@ static void called(char letter)
     if (length + 1 < sizeof ipmiStandIn.calls)
         ipmiStandIn.calls[length] = letter;
 }
+
+#ifdef VQ_WITH_A_MISSING_FUNCTION
+void ipmiFunctionThatIsNowhere(void);
+EXPORTED void ipmiNotCalled(void);
+void ipmiNotCalled(void)
+{
+    ipmiFunctionThatIsNowhere();
+}
+#endif
 
 #ifndef VQ_WITHOUT_OPEN
 EXPORTED uintptr_t ipmiOpenLocal(void);

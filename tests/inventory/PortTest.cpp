@@ -137,23 +137,6 @@ TEST(PortInstance, IsTaggedByTableOrderNotByType)
     EXPECT_EQ(valueOf(ports[1], "PortType"), "6");
 }
 
-TEST(PortInstance, IsNotDeliveredOnAMachineWithoutPorts)
-{
-    const ServedTable served(TableBuilder().type(0).type(127));
-    RecordingInstanceHandler handler;
-    TestProvider().enumerate(pathOf("QORTAL_Port"), handler);
-    EXPECT_EQ(handler.calls, (Lines{"processing", "complete"}));
-}
-
-TEST(Port, IsEmptyByDefault)
-{
-    const VQ::Port port;
-    EXPECT_EQ(port.getExternalReferenceDesignator(), "");
-    EXPECT_EQ(port.getInternalReferenceDesignator(), "");
-    EXPECT_EQ(port.getType(), 0);
-    EXPECT_TRUE(port.getConnectors().empty());
-}
-
 TEST(Port, ReadsCodesAndDesignatorsAndNothingElse)
 {
     TableBuilder table;
@@ -174,15 +157,4 @@ TEST(Port, KeepsCodesOfAllEightBits)
     const VQ::Port port = VQ::GetPortInstances().at(0);
     EXPECT_EQ(port.getConnectors(), (std::vector<std::uint16_t>{255, 164}));
     EXPECT_EQ(port.getType(), 160);
-}
-
-TEST(Port, IsListedForEveryStructure)
-{
-    TableBuilder table;
-    for (int i = 0; i < 300; ++i)
-        table.type(8).string(0x06, "P" + std::to_string(i));
-    const ServedTable served(table);
-    const std::vector<VQ::Port> ports = VQ::GetPortInstances();
-    ASSERT_EQ(ports.size(), 300u);
-    EXPECT_EQ(ports[299].getExternalReferenceDesignator(), "P299");
 }

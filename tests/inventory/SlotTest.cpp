@@ -56,28 +56,3 @@ TEST(SlotInstance, WithoutADesignationHasAnEmptyNameAndTag)
         EXPECT_EQ(valueOf(slot, "Tag"), "");
     }
 }
-
-TEST(SlotInstance, IsNotDeliveredOnAMachineWithoutSlots)
-{
-    const ServedTable served(TableBuilder().type(0).type(127));
-    RecordingInstanceHandler handler;
-    TestProvider().enumerate(pathOf("QORTAL_Slot"), handler);
-    EXPECT_EQ(handler.calls, (Lines{"processing", "complete"}));
-}
-
-TEST(Slot, IsEmptyByDefault)
-{
-    EXPECT_EQ(VQ::Slot().getDesignation(), "");
-}
-
-TEST(Slot, IsListedForEveryStructureInTableOrder)
-{
-    TableBuilder table;
-    for (int i = 0; i < 300; ++i)
-        table.type(9).string(0x04, "S" + std::to_string(i));
-    const ServedTable served(table);
-    const std::vector<VQ::Slot> slots = VQ::GetSlotInstances();
-    ASSERT_EQ(slots.size(), 300u);
-    EXPECT_EQ(slots[0].getDesignation(), "S0");
-    EXPECT_EQ(slots[299].getDesignation(), "S299");
-}
