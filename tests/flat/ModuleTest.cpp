@@ -2,12 +2,13 @@
 
 #include "flat/Snapshot.h"
 #include "tests/flat/Calls.h"
+#include "tests/testing/Process.h"
 #include "tests/testing/ServedTable.h"
 
-#include <cstdio>
 #include <cstring>
 #include <dlfcn.h>
 #include <fstream>
+#include <sstream>
 #include <stdexcept>
 
 namespace
@@ -18,7 +19,22 @@ const char* const ModuleFile = VQ_LIB_DIR "/libSystemProvider.so";
 
 // The objects whose destructors were registered while recording, in that order, which is the order of construction.
 std::vector<void*> registeredObjects;
+// The strings that were constructed while recording, in that order: where, and from which text.
+std::vector<std::pair<void*, std::string>> constructedStrings;
 bool recording = false;
+}
+
+// In place of the CIM library's constructor String(const char*).
+__attribute__((visibility("default"))) void vqConstructString(void* string,
+                                                              const char* text) __asm__("_ZN7Pegasus6StringC1EPKc");
+
+void vqConstructString(void* string, const char* text)
+{
+    using Construct = void (*)(void*, const char*);
+    static const auto next = reinterpret_cast<Construct>(dlsym(RTLD_NEXT, "_ZN7Pegasus6StringC1EPKc"));
+    if (recording)
+        constructedStrings.emplace_back(string, text);
+    next(string, text);
 }
 
 extern "C" __attribute__((visibility("default"))) int __cxa_atexit(void (*destructor)(void*), void* object,
@@ -52,6 +68,14 @@ public:
 
     void* address(const char* symbol) const { return dlsym(_handle, symbol); }
 
+    // True for an object of the module itself, as against one on the heap or on the stack.
+    bool holds(const void* object) const
+    {
+        Dl_info own;
+        Dl_info found;
+        return dladdr(address("init"), &own) && dladdr(object, &found) && found.dli_fbase == own.dli_fbase;
+    }
+
     // The function of this name and of the type that the header declares for it.
     template <class Function> Function* function(const char* name, Function*) const
     {
@@ -75,26 +99,15 @@ bool isLoaded()
     return handle != nullptr;
 }
 
-Lines linesOf(std::FILE* file)
-{
-    Lines lines;
-    char line[1024];
-    while (std::fgets(line, sizeof line, file)) {
-        lines.emplace_back(line);
-        lines.back().erase(lines.back().find_last_not_of('\n') + 1);
-    }
-    return lines;
-}
-
 // "function getOSName" or "object cs" for each symbol that the module defines for others, sorted.
 Lines exportsOfTheModule()
 {
     const std::string command = std::string(VQ_NM) + " --dynamic --defined-only --format=posix " + ModuleFile;
-    std::FILE* output = popen(command.c_str(), "r");
-    const Lines symbols = linesOf(output);
-    EXPECT_EQ(pclose(output), 0) << command;
+    const Outcome symbols = run(command);
+    EXPECT_EQ(symbols.exitCode, 0) << command;
     Lines exports;
-    for (const std::string& symbol : symbols) {
+    std::istringstream lines(symbols.output);
+    for (std::string symbol; std::getline(lines, symbol);) {
         const std::size_t blank = symbol.find(' ');
         const char kind = symbol.at(blank + 1);
         const char* const name = kind == 'T' ? "function " : kind == 'B' || kind == 'D' ? "object " : "other ";
@@ -140,6 +153,25 @@ TEST(Module, ConstructsTheSnapshotObjectsInTheirOrder)
         for (const std::string& name : order)
             if (module.address(name.c_str()) == object)
                 constructed.push_back(name);
+    EXPECT_EQ(constructed, order);
+}
+
+TEST(Module, ConstructsTheNamesOfClassesAndMethodsInTheirOrder)
+{
+    constructedStrings.clear();
+    recording = true;
+    const Module module;
+    recording = false;
+    const Lines order = {"QORTAL_BIOS",       "QORTAL_CacheMemory",
+                         "QORTAL_Chassis",    "QORTAL_ComputerSystem",
+                         "QORTAL_BaseBoard",  "QORTAL_OperatingSystem",
+                         "QORx_SystemMemory", "QORTAL_Port",
+                         "QORTAL_Slot",       "Reboot",
+                         "Shutdown"};
+    Lines constructed;
+    for (const auto& [string, text] : constructedStrings)
+        if (module.holds(string) && std::find(order.begin(), order.end(), text) != order.end())
+            constructed.push_back(text);
     EXPECT_EQ(constructed, order);
 }
 

@@ -1,15 +1,13 @@
-// What `init` takes from the table, and what it leaves when it is called again or interrupted.
+// What `init` takes, in which order, and what it leaves when it is called again or interrupted.
 
 #include "flat/Snapshot.h"
 #include "support/smbios/SmBios.h"
 #include "tests/flat/Calls.h"
-#include "tests/flat/FixedSystem.h"
 #include "tests/testing/ServedTable.h"
 
 #include <stdexcept>
 #include <unistd.h>
 
-using Integers = std::vector<std::int32_t>;
 using Texts = std::vector<std::string>;
 
 namespace
@@ -69,14 +67,66 @@ private:
     std::string _old;
 };
 
+Texts asked;         // the factories, in the order in which they were called
+std::string failing; // the one that fails
+
+void ask(const char* factory)
+{
+    asked.emplace_back(factory);
+    if (failing == factory)
+        throw std::runtime_error(failing + " fails");
+}
+
+// By the linker's --wrap: each factory of a record, seen from the objects under test.
+#define WATCHED(Record, factory, linkerName)                                                                           \
+    Record watched##factory() __asm__("__wrap_" linkerName);                                                           \
+    Record real##factory() __asm__("__real_" linkerName);                                                              \
+    Record watched##factory()                                                                                          \
+    {                                                                                                                  \
+        ask(#factory);                                                                                                 \
+        return real##factory();                                                                                        \
+    }
+}
+
+WATCHED(VQ::ComputerSystem, GetComputerSystemInstance, "_ZN2VQ25GetComputerSystemInstanceEv")
+WATCHED(std::vector<VQ::BaseBoard>, GetBaseBoardInstances, "_ZN2VQ21GetBaseBoardInstancesEv")
+WATCHED(VQ::Bios, GetBiosInstance, "_ZN2VQ15GetBiosInstanceEv")
+WATCHED(std::vector<VQ::Cache>, GetCacheInstances, "_ZN2VQ17GetCacheInstancesEv")
+WATCHED(VQ::Chassis, GetChassisInstance, "_ZN2VQ18GetChassisInstanceEv")
+WATCHED(std::vector<VQ::Firmware>, GetFirmwareInstances, "_ZN2VQ20GetFirmwareInstancesEv")
+WATCHED(VQ::OperatingSystem, GetOperatingSystemInstance, "_ZN2VQ26GetOperatingSystemInstanceEv")
+WATCHED(std::vector<VQ::Port>, GetPortInstances, "_ZN2VQ16GetPortInstancesEv")
+WATCHED(std::vector<VQ::Slot>, GetSlotInstances, "_ZN2VQ16GetSlotInstancesEv")
+
+namespace
+{
+const Texts Factories = {"GetComputerSystemInstance",  "GetBaseBoardInstances", "GetBiosInstance",
+                         "GetCacheInstances",          "GetChassisInstance",    "GetFirmwareInstances",
+                         "GetOperatingSystemInstance", "GetPortInstances",      "GetSlotInstances"};
+
+// What each of the nine objects shows, in the order of the factories. The operating system has no state.
+Texts stateByObject()
+{
+    return {std::to_string(cs.getVirtualType()),
+            textOf(getBBManufacturer, 0),
+            textOf(getBiosVersion),
+            textOf(getCacheDesignation, 0),
+            textOf(getChassisManufacturer),
+            textOf(getFirmwareName, 0),
+            "",
+            textOf(getPortExternalReferenceDesignator, 0),
+            textOf(getSlotDesignation, 0)};
+}
+
 class Snapshot : public testing::Test
 {
 protected:
     Snapshot() : table(machine("old ", 1, "Old -[XXYT01-1.02]-"))
     {
-        fixedSystem() = FixedSystem();
+        failing.clear();
         EXPECT_EQ(init(), 1);
         EXPECT_EQ(state(), StateOfOld);
+        asked.clear();
     }
     ServedTable table;
 };
@@ -143,6 +193,34 @@ TEST_F(Snapshot, OfATableWithoutRecordsIsEmptyAgain)
     EXPECT_EQ(state(), (Texts{"cs 1", "bios ", "chassis "}));
 }
 
+TEST_F(Snapshot, IsTakenInTheOrderOfItsObjects)
+{
+    EXPECT_EQ(init(), 1);
+    EXPECT_EQ(asked, Factories);
+}
+
+TEST_F(Snapshot, IsNewBeforeTheFactoryThatFailsAndOldFromItOn)
+{
+    const Texts before = stateByObject();
+    for (std::size_t i = 0; i < Factories.size(); ++i) {
+        SCOPED_TRACE(Factories[i]);
+        table.replace(machine("old ", 1, "Old -[XXYT01-1.02]-"));
+        failing.clear();
+        EXPECT_EQ(init(), 1);
+        ASSERT_EQ(stateByObject(), before);
+
+        const GuestDirectory guest;
+        table.replace(machine("new ", 1, "New -[XXYT01-1.02]-"));
+        failing = Factories[i];
+        EXPECT_THROW(init(), std::runtime_error);
+        const Texts after = stateByObject();
+        for (std::size_t object = 0; object < Factories.size(); ++object) {
+            const bool stateless = before[object].empty();
+            EXPECT_EQ(after[object] != before[object], object < i && !stateless) << Factories[object];
+        }
+    }
+}
+
 TEST_F(Snapshot, IsNewUpToTheChassisAndOldFromTheFirmwareOnWhenAnOemStringEndsInit)
 {
     const GuestDirectory guest;
@@ -170,110 +248,4 @@ TEST_F(Snapshot, KeepsAllButTheComputerSystemWhenTheTableCannotBeRead)
     Texts expected = StateOfOld;
     expected[0] = "cs 3";
     EXPECT_EQ(state(), expected);
-}
-
-TEST_F(Snapshot, TakesTheBiosFromItsStructures)
-{
-    TableBuilder bios;
-    bios.version(2, 6);
-    bios.type(0)
-        .string(0x04, "vendor")
-        .string(0x05, "text -[ABCDE12-1.05]-")
-        .string(0x08, "06/23/2005")
-        .word(0x06, 0xE000);
-    bios.type(1).string(0x05, "product").string(0x07, "serial");
-    bios.type(13).byte(0x04, 2).byte(0x15, 2).string("en").string("de");
-    table.replace(bios.type(127));
-    EXPECT_EQ(init(), 1);
-    EXPECT_EQ(textOf(getBiosManufacturer), "vendor");
-    EXPECT_EQ(textOf(getBiosVersion), "1.05");
-    EXPECT_EQ(textOf(getBiosBuildNumber), "ABCDE12");
-    EXPECT_EQ(textOf(getBiosSerialNumber), "serial");
-    EXPECT_EQ(textOf(getBiosCurrentLanguage), "de");
-    EXPECT_EQ(textsOf(getBiosLanguages), (Texts{"en", "de"}));
-    EXPECT_EQ(textOf(getBiosReleaseDate), "20050623000000.000000+000");
-    EXPECT_EQ(getBiosSmBiosMajorVersion(), 2);
-    EXPECT_EQ(getBiosSmBiosMinorVersion(), 6);
-    EXPECT_EQ(getBiosLoadedStartingAddress(), 57344u);
-    EXPECT_EQ(getBiosLoadedEndingAddress(), 188416u);
-}
-
-TEST_F(Snapshot, TakesChassisAndBaseBoardFromTheirStructures)
-{
-    TableBuilder boards;
-    boards.type(3).string(0x04, "c maker").string(0x06, "c version").string(0x07, "c serial").string(0x08, "c tag");
-    boards.type(2)
-        .string(0x04, "b maker")
-        .string(0x05, "b product")
-        .string(0x06, "b version")
-        .string(0x07, "b serial")
-        .string(0x08, "b tag")
-        .string(0x0A, "b location");
-    table.replace(boards.type(127));
-    EXPECT_EQ(init(), 1);
-    EXPECT_EQ(textOf(getChassisManufacturer), "c maker");
-    EXPECT_EQ(textOf(getChassisVersion), "c version");
-    EXPECT_EQ(textOf(getChassisSerialNumber), "c serial");
-    EXPECT_EQ(textOf(getChassisAssetTag), "c tag");
-    EXPECT_EQ(textOf(getBBManufacturer, 0), "b maker");
-    EXPECT_EQ(textOf(getBBProduct, 0), "b product");
-    EXPECT_EQ(textOf(getBBVersion, 0), ""); // never read where the product can be
-    EXPECT_EQ(textOf(getBBSerialNumber, 0), "b serial");
-    EXPECT_EQ(textOf(getBBAssetTag, 0), "b tag");
-    EXPECT_EQ(textOf(getBBLocation, 0), "b location");
-}
-
-TEST_F(Snapshot, TakesCachesFromTheirStructures)
-{
-    TableBuilder cache;
-    cache.type(7)
-        .string(0x04, "L1")
-        .word(0x05, 0x0121) // write back, external, level 2
-        .word(0x07, 0x0200)
-        .word(0x09, 0x8100)
-        .byte(0x0F, 15)
-        .byte(0x10, 16)
-        .byte(0x11, 17)
-        .byte(0x12, 18);
-    table.replace(cache.type(127));
-    EXPECT_EQ(init(), 1);
-    EXPECT_EQ(textOf(getCacheDesignation, 0), "L1");
-    EXPECT_EQ(textOf(getCachePurpose, 0), "L1");
-    EXPECT_EQ(getCacheWritePolicy(0), 3);
-    EXPECT_EQ(getCacheLocation(0), 1);
-    EXPECT_EQ(getCacheLevel(0), 4);
-    EXPECT_EQ(getCacheMaximumSize(0), 512u);
-    EXPECT_EQ(getCacheSize(0), 16384u);
-    EXPECT_EQ(getCacheInstalledSize(0), 16384u);
-    EXPECT_EQ(getCacheNumberOfBlocks(0), 256u);
-    EXPECT_EQ(getCacheSpeed(0), 15u);
-    EXPECT_EQ(getCacheErrorCorrectionType(0), 16);
-    EXPECT_EQ(getCacheType(0), 17);
-    EXPECT_EQ(getCacheAssociativity(0), 18);
-    EXPECT_EQ(integersOf(getCacheSupportedSramType, 0), Integers{});
-    EXPECT_EQ(integersOf(getCacheCurrentSramType, 0), Integers{});
-}
-
-TEST_F(Snapshot, TakesPortsSlotsAndFirmwareFromTheirStructures)
-{
-    TableBuilder devices;
-    devices.type(8).string(0x04, " J1 ").byte(0x05, 7).string(0x06, " COM1 ").byte(0x07, 8).byte(0x08, 9);
-    devices.type(9).string(0x04, " PCI 1 ");
-    devices.type(11).byte(0x04, 1).string("Diagnostics -[XXYT01-1.02]-");
-    table.replace(devices.type(127));
-    EXPECT_EQ(init(), 1);
-    EXPECT_EQ(textOf(getPortName, 0), "");
-    EXPECT_EQ(textOf(getPortModel, 0), "");
-    EXPECT_EQ(textOf(getPortManufacturer, 0), "");
-    EXPECT_EQ(textOf(getPortInternalReferenceDesignator, 0), "J1");
-    EXPECT_EQ(textOf(getPortExternalReferenceDesignator, 0), "COM1");
-    EXPECT_EQ(getPortType(0), 9);
-    EXPECT_EQ(integersOf(getPortConnectors, 0), (Integers{7, 8}));
-    EXPECT_EQ(textOf(getSlotDesignation, 0), " PCI 1 ");
-    EXPECT_EQ(textOf(getFirmwareName, 0), "Diagnostics");
-    EXPECT_EQ(textOf(getFirmwareVersion, 0), "1.02");
-    EXPECT_EQ(textOf(getFirmwareManufacturer, 0), "QOR");
-    EXPECT_EQ(textOf(getFirmwareSerialNumber, 0), "");
-    EXPECT_EQ(textOf(getFirmwareBuildNumber, 0), "XXYT01");
-    EXPECT_EQ(textOf(getFirmwareReleaseDate, 0), "00000000000000.000000:000");
 }
