@@ -5,8 +5,8 @@
 // A request reads and cuts the whole table, whatever its class.
 
 #include "support/smbios/SmBios.h"
-#include "tests/testing/LargeTables.h"
 #include "tests/inventory/Measure.h"
+#include "tests/testing/LargeTables.h"
 #include "tests/testing/SampleTables.h"
 #include "tests/testing/ServedTable.h"
 

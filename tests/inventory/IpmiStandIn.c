@@ -1,5 +1,5 @@
-/* A stand-in for the IPMI access library. Built as it is, without each of its functions, and with a need of its own that
-   nothing fulfils. */
+/* A stand-in for the IPMI access library. Built as it is, without each of its functions, and with a need of its own
+   that nothing fulfils. */
 
 #include "tests/inventory/IpmiStandIn.h"
 
