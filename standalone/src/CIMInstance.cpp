@@ -17,6 +17,7 @@ CIMInstance::CIMInstance(const CIMName& className)
         throw UninitializedObjectException();
     rep_ = std::make_shared<Rep>();
     rep_->path.setClassName(className);
+    rep_->properties.reserve(16);
 }
 
 CIMInstance::Rep& CIMInstance::rep() const

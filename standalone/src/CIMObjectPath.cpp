@@ -23,6 +23,11 @@ String escaped(const String& value)
     return text;
 }
 
+bool before(const CIMKeyBinding& a, const CIMKeyBinding& b)
+{
+    return String::compareNoCase(a.getName().getString(), b.getName().getString()) < 0;
+}
+
 String written(const CIMKeyBinding& key)
 {
     const bool quoted = key.getType() == CIMKeyBinding::STRING || key.getType() == CIMKeyBinding::REFERENCE;
@@ -58,12 +63,13 @@ void CIMObjectPath::setHost(const String& host)
 void CIMObjectPath::setKeyBindings(const Array<CIMKeyBinding>& keyBindings)
 {
     keyBindings_ = keyBindings;
-    if (keyBindings.size() < 2)
-        return;
-    CIMKeyBinding* const first = &keyBindings_[0];
-    std::stable_sort(first, first + keyBindings_.size(), [](const CIMKeyBinding& a, const CIMKeyBinding& b) {
-        return String::compareNoCase(a.getName().getString(), b.getName().getString()) < 0;
-    });
+    for (Uint32 i = 1; i < keyBindings.size(); ++i) {
+        if (before(keyBindings[i], keyBindings[i - 1])) {
+            CIMKeyBinding* const first = &keyBindings_[0];
+            std::stable_sort(first, first + keyBindings_.size(), before);
+            return;
+        }
+    }
 }
 
 String CIMObjectPath::toString() const

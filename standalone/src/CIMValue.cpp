@@ -2,44 +2,14 @@
 #include <Pegasus/Common/Exception.h>
 
 #include <string>
-#include <type_traits>
 
 namespace Pegasus
 {
 namespace
 {
-/// Calls `function` with a null pointer to the C++ type of `type`.
-template <class Function> auto withType(CIMType type, Function function)
+String text(std::monostate)
 {
-    switch (type) {
-    case CIMTYPE_UINT8:
-        return function(static_cast<Uint8*>(nullptr));
-    case CIMTYPE_SINT8:
-        return function(static_cast<Sint8*>(nullptr));
-    case CIMTYPE_UINT16:
-        return function(static_cast<Uint16*>(nullptr));
-    case CIMTYPE_SINT16:
-        return function(static_cast<Sint16*>(nullptr));
-    case CIMTYPE_UINT32:
-        return function(static_cast<Uint32*>(nullptr));
-    case CIMTYPE_SINT32:
-        return function(static_cast<Sint32*>(nullptr));
-    case CIMTYPE_UINT64:
-        return function(static_cast<Uint64*>(nullptr));
-    case CIMTYPE_SINT64:
-        return function(static_cast<Sint64*>(nullptr));
-    case CIMTYPE_STRING:
-        return function(static_cast<String*>(nullptr));
-    case CIMTYPE_DATETIME:
-        return function(static_cast<CIMDateTime*>(nullptr));
-    default: // the other types have no values in this library
-        return function(static_cast<Boolean*>(nullptr));
-    }
-}
-
-template <class T> const T& held(const std::shared_ptr<const void>& data)
-{
-    return *static_cast<const T*>(data.get());
+    return String();
 }
 
 template <class Integer> String text(Integer value)
@@ -61,6 +31,14 @@ String text(const CIMDateTime& value)
 {
     return value.toString();
 }
+
+template <class T> String text(const Array<T>& values)
+{
+    String all;
+    for (Uint32 i = 0; i < values.size(); ++i)
+        all.append(text(values[i])).append(Char16(' '));
+    return all;
+}
 }
 
 CIMValue::CIMValue(CIMType type, Boolean isArray, Uint32 arraySize)
@@ -77,22 +55,19 @@ bool CIMValue::holds(CIMType type, bool isArray) const
 
 // One constructor and one get() for each type, in the order of the declarations.
 #define VQ_CIM_SCALAR(T, Parameter, type)                                                                              \
-    CIMValue::CIMValue(Parameter value) : type_(type), data_(std::make_shared<const T>(value)) {}                      \
+    CIMValue::CIMValue(Parameter value) : type_(type), data_(T(value)) {}                                              \
     void CIMValue::get(T& value) const                                                                                 \
     {                                                                                                                  \
         if (holds(type, false))                                                                                        \
-            value = held<T>(data_);                                                                                    \
+            value = std::get<T>(data_);                                                                                \
     }
 
 #define VQ_CIM_ARRAY(T, type)                                                                                          \
-    CIMValue::CIMValue(const Array<T>& value)                                                                          \
-        : type_(type), isArray_(true), arraySize_(value.size()), data_(std::make_shared<const Array<T>>(value))        \
-    {                                                                                                                  \
-    }                                                                                                                  \
+    CIMValue::CIMValue(const Array<T>& value) : type_(type), isArray_(true), arraySize_(value.size()), data_(value) {} \
     void CIMValue::get(Array<T>& value) const                                                                          \
     {                                                                                                                  \
         if (holds(type, true))                                                                                         \
-            value = held<Array<T>>(data_);                                                                             \
+            value = std::get<Array<T>>(data_);                                                                         \
     }
 
 VQ_CIM_SCALAR(Boolean, Boolean, CIMTYPE_BOOLEAN)
@@ -125,29 +100,11 @@ Boolean CIMValue::typeCompatible(const CIMValue& other) const
 
 String CIMValue::toString() const
 {
-    if (!data_)
-        return String();
-    return withType(type_, [this](auto* tag) {
-        using T = std::remove_pointer_t<decltype(tag)>;
-        if (!isArray_)
-            return text(held<T>(data_));
-        const Array<T>& values = held<Array<T>>(data_);
-        String all;
-        for (Uint32 i = 0; i < values.size(); ++i)
-            all.append(text(values[i])).append(Char16(' '));
-        return all;
-    });
+    return std::visit([](const auto& value) { return text(value); }, data_);
 }
 
 Boolean operator==(const CIMValue& a, const CIMValue& b)
 {
-    if (!a.typeCompatible(b) || a.isNull() != b.isNull())
-        return false;
-    if (a.isNull())
-        return true;
-    return withType(a.type_, [&](auto* tag) {
-        using T = std::remove_pointer_t<decltype(tag)>;
-        return a.isArray_ ? held<Array<T>>(a.data_) == held<Array<T>>(b.data_) : held<T>(a.data_) == held<T>(b.data_);
-    });
+    return a.typeCompatible(b) && a.data_ == b.data_;
 }
 }

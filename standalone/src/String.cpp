@@ -16,15 +16,16 @@ Uint16 lowered(Uint16 unit)
     return unit >= 'A' && unit <= 'Z' ? static_cast<Uint16>(unit + ('a' - 'A')) : unit;
 }
 
-template <class Fold> int compareUnits(const String& a, const String& b, Fold fold)
+/// The difference of the first units that differ, or of the lengths.
+template <class Fold> int compareUnits(const Char16* a, Uint32 sizeOfA, const Char16* b, Uint32 sizeOfB, Fold fold)
 {
-    const Uint32 common = std::min(a.size(), b.size());
+    const Uint32 common = std::min(sizeOfA, sizeOfB);
     for (Uint32 i = 0; i < common; ++i) {
         const int difference = fold(a[i]) - fold(b[i]);
         if (difference != 0)
             return difference;
     }
-    return a.size() < b.size() ? -1 : a.size() > b.size();
+    return sizeOfA < sizeOfB ? -1 : sizeOfA > sizeOfB;
 }
 
 /// The number of bytes that the UTF-8 character starting with `lead` has; 0 where none starts so.
@@ -107,41 +108,66 @@ String::String(const Char16* text, Uint32 size)
     append(text, size);
 }
 
+Shared<String::Text> String::Text::make(Uint32 capacity)
+{
+    void* const memory = ::operator new(sizeof(Text) + capacity * sizeof(Char16));
+    return Shared<Text>(::new (memory) Text(capacity));
+}
+
+Shared<String::Text> String::own(Uint32 capacity)
+{
+    if (text_.isOwn() && capacity <= text_->capacity)
+        return Shared<Text>();
+    Shared<Text> copy = Text::make(capacity <= size() ? capacity : std::max(capacity, 2 * size()));
+    copy->size = size();
+    std::copy_n(data(), size() + 1, copy->units);
+    std::swap(text_, copy);
+    return copy;
+}
+
 void String::assignUtf8(const char* text, Uint32 size)
 {
+    if (size == 0)
+        return;
     const unsigned char* const bytes = reinterpret_cast<const unsigned char*>(text);
-    text_.reserve(size + 1);
+    own(size);
+    Char16* unit = text_->units;
     for (Uint32 i = 0; i < size;) {
+        if (bytes[i] < 0x80) {
+            *unit++ = bytes[i++];
+            continue;
+        }
         const Uint32 length = sequenceLength(bytes[i]);
         Uint32 character = 0;
         if (length == 0 || length > size - i || !decode(bytes + i, length, character))
             throw Exception(String("no UTF-8 at byte ") + String(std::to_string(i).c_str()) + String(" of a text"));
         if (character >= 0x10000) {
-            text_.push_back(static_cast<Uint16>(0xD800 + ((character - 0x10000) >> 10)));
-            text_.push_back(static_cast<Uint16>(0xDC00 + (character & 0x3FF)));
+            *unit++ = static_cast<Uint16>(0xD800 + ((character - 0x10000) >> 10));
+            *unit++ = static_cast<Uint16>(0xDC00 + (character & 0x3FF));
         } else {
-            text_.push_back(static_cast<Uint16>(isForbidden(character) ? ReplacementCharacter : character));
+            *unit++ = static_cast<Uint16>(isForbidden(character) ? ReplacementCharacter : character);
         }
         i += length;
     }
-    if (!text_.empty())
-        text_.push_back(Zero);
+    *unit = Zero;
+    text_->size = static_cast<Uint32>(unit - text_->units);
 }
 
 const Char16* String::data() const
 {
-    return text_.empty() ? &Zero : text_.data();
+    return text_ ? text_->units : &Zero;
 }
 
 CString String::getCString() const
 {
+    const Char16* const units = data();
     std::string utf8;
     utf8.reserve(size());
     for (Uint32 i = 0; i < size(); ++i) {
-        Uint32 character = text_[i];
+        Uint32 character = units[i];
         // The zero unit at the end makes the look ahead safe.
-        if (isHighSurrogate(text_[i]) && isLowSurrogate(text_[i + 1]))
-            character = 0x10000 + ((character & 0x3FF) << 10 | (text_[++i] & 0x3FF));
+        if (isHighSurrogate(units[i]) && isLowSurrogate(units[i + 1]))
+            character = 0x10000 + ((character & 0x3FF) << 10 | (units[++i] & 0x3FF));
         encode(character, utf8);
     }
     return CString(std::move(utf8));
@@ -151,9 +177,8 @@ Char16& String::operator[](Uint32 index)
 {
     if (index > size())
         throw IndexOutOfBoundsException();
-    if (text_.empty())
-        text_.push_back(Zero);
-    return text_[index];
+    own(size());
+    return text_->units[index];
 }
 
 const Char16& String::operator[](Uint32 index) const
@@ -165,23 +190,17 @@ const Char16& String::operator[](Uint32 index) const
 
 String& String::append(const Char16& unit)
 {
-    const Char16 added = unit; // `unit` may be part of this string
-    if (!text_.empty())
-        text_.pop_back();
-    text_.push_back(added);
-    text_.push_back(Zero);
-    return *this;
+    return append(&unit, 1);
 }
 
 String& String::append(const Char16* text, Uint32 size)
 {
     if (size == 0)
         return *this;
-    const std::vector<Char16> added(text, text + size); // `text` may be part of this string
-    if (!text_.empty())
-        text_.pop_back();
-    text_.insert(text_.end(), added.begin(), added.end());
-    text_.push_back(Zero);
+    const Shared<Text> before = own(this->size() + size); // `text` may be part of it
+    std::copy_n(text, size, text_->units + text_->size);
+    text_->size += size;
+    text_->units[text_->size] = Zero;
     return *this;
 }
 
@@ -206,28 +225,29 @@ Uint32 String::find(Char16 unit) const
 
 void String::toLower()
 {
-    for (Char16& unit : text_)
-        unit = lowered(unit);
+    own(size());
+    for (Uint32 i = 0; i < size(); ++i)
+        text_->units[i] = lowered(text_->units[i]);
 }
 
 int String::compare(const String& a, const String& b)
 {
-    return compareUnits(a, b, [](Uint16 unit) { return unit; });
+    return compareUnits(a.data(), a.size(), b.data(), b.size(), [](Uint16 unit) { return unit; });
 }
 
 int String::compareNoCase(const String& a, const String& b)
 {
-    return compareUnits(a, b, lowered);
+    return compareUnits(a.data(), a.size(), b.data(), b.size(), lowered);
 }
 
 Boolean String::equal(const String& a, const String& b)
 {
-    return a.size() == b.size() && compare(a, b) == 0;
+    return a.size() == b.size() && (a.data() == b.data() || compare(a, b) == 0);
 }
 
 Boolean String::equalNoCase(const String& a, const String& b)
 {
-    return a.size() == b.size() && compareNoCase(a, b) == 0;
+    return a.size() == b.size() && (a.data() == b.data() || compareNoCase(a, b) == 0);
 }
 
 String operator+(const String& a, const String& b)

@@ -2,6 +2,7 @@
 
 #include <Pegasus/Common/Config.h>
 #include <Pegasus/Common/Exception.h>
+#include <Pegasus/Common/Shared.h>
 
 #include <algorithm>
 #include <memory>
@@ -9,95 +10,91 @@
 
 namespace Pegasus
 {
-/// A sequence of values with value semantics. Every index beyond the end throws IndexOutOfBoundsException.
+/// A sequence of values with value semantics; copies share their elements until one of them changes. Every index beyond
+/// the end throws IndexOutOfBoundsException.
 template <class T> class PEGASUS_EXPORT Array
 {
 public:
-    Array() = default;
-    Array(const Array& other) : elements_(new T[other.size_]()), size_(other.size_), capacity_(other.size_)
-    {
-        std::copy(other.elements_.get(), other.elements_.get() + size_, elements_.get());
-    }
-    Array(Array&& other) noexcept { swap(other); }
-    Array& operator=(Array other) noexcept
-    {
-        swap(other);
-        return *this;
-    }
-    ~Array() = default;
-
-    Uint32 size() const { return size_; }
+    Uint32 size() const { return elements_ ? elements_->size : 0; }
 
     T& operator[](Uint32 index)
     {
-        check(index < size_);
-        return elements_[index];
+        check(index < size());
+        own(size());
+        return elements_->values[index];
     }
     const T& operator[](Uint32 index) const
     {
-        check(index < size_);
-        return elements_[index];
+        check(index < size());
+        return elements_->values[index];
     }
 
-    void append(const T& item) { insert(size_, item); }
+    void append(const T& item) { insert(size(), item); }
     void prepend(const T& item) { insert(0, item); }
     /// Appends a copy of every value of `other`, which may be this array.
     void appendArray(const Array& other)
     {
-        const Uint32 count = other.size_;
-        reserve(size_ + count);
-        for (Uint32 i = 0; i < count; ++i)
-            elements_[size_++] = other.elements_[i];
+        const Array added(other);
+        own(size() + added.size());
+        for (Uint32 i = 0; i < added.size(); ++i)
+            elements_->values[elements_->size++] = added[i];
     }
     /// Puts `item` before the value at `index`; `size()` appends it.
     void insert(Uint32 index, const T& item)
     {
-        check(index <= size_);
+        check(index <= size());
         T copy(item); // `item` may lie in this array
-        reserve(size_ + 1);
-        T* const place = elements_.get() + index;
-        std::move_backward(place, elements_.get() + size_, elements_.get() + size_ + 1);
+        own(size() + 1);
+        T* const place = elements_->values.get() + index;
+        T* const end = elements_->values.get() + size();
+        std::move_backward(place, end, end + 1);
         *place = std::move(copy);
-        ++size_;
+        ++elements_->size;
     }
     void remove(Uint32 index, Uint32 count = 1)
     {
-        check(index <= size_ && count <= size_ - index);
-        T* const place = elements_.get() + index;
-        std::move(place + count, elements_.get() + size_, place);
-        size_ -= count;
-        std::fill(elements_.get() + size_, elements_.get() + size_ + count, T());
+        check(index <= size() && count <= size() - index);
+        own(size());
+        T* const place = elements_->values.get() + index;
+        T* const end = elements_->values.get() + size();
+        std::move(place + count, end, place);
+        std::fill(end - count, end, T());
+        elements_->size -= count;
     }
-    void clear() { Array().swap(*this); }
+    void clear() { elements_ = Shared<Elements>(); }
 
 private:
+    struct Elements : Counted
+    {
+        Uint32 size = 0;
+        const Uint32 capacity;
+        const std::unique_ptr<T[]> values; // not a std::vector: one of Boolean has no contiguous values
+
+        explicit Elements(Uint32 room) : capacity(room), values(new T[room]()) {}
+    };
+
     static void check(bool inside)
     {
         if (!inside)
             throw IndexOutOfBoundsException();
     }
 
-    void swap(Array& other) noexcept
+    /// Makes the elements this array's own, with room for that many.
+    void own(Uint32 capacity)
     {
-        std::swap(elements_, other.elements_);
-        std::swap(size_, other.size_);
-        std::swap(capacity_, other.capacity_);
-    }
-
-    void reserve(Uint32 capacity)
-    {
-        if (capacity <= capacity_)
+        if (elements_.isOwn() && capacity <= elements_->capacity)
             return;
-        capacity = std::max({capacity, 2 * capacity_, Uint32(8)});
-        std::unique_ptr<T[]> grown(new T[capacity]());
-        std::move(elements_.get(), elements_.get() + size_, grown.get());
-        elements_ = std::move(grown);
-        capacity_ = capacity;
+        Shared<Elements> copy(
+            new Elements(capacity <= size() ? capacity : std::max({capacity, 2 * size(), Uint32(4)})));
+        copy->size = size();
+        if (elements_.isOwn())
+            std::move(elements_->values.get(), elements_->values.get() + size(), copy->values.get());
+        else if (elements_)
+            std::copy(elements_->values.get(), elements_->values.get() + size(), copy->values.get());
+        elements_ = std::move(copy);
     }
 
-    std::unique_ptr<T[]> elements_; // not a std::vector: one of Boolean has no contiguous values
-    Uint32 size_ = 0;
-    Uint32 capacity_ = 0;
+    Shared<Elements> elements_;
 };
 
 template <class T> Boolean operator==(const Array<T>& a, const Array<T>& b)

@@ -6,12 +6,11 @@
 #include <Pegasus/Common/Config.h>
 #include <Pegasus/Common/String.h>
 
-#include <memory>
+#include <variant>
 
 namespace Pegasus
 {
-/// A value of one of the CIM types, or an array of them, or null. What it holds never changes and is shared by
-/// its copies.
+/// A value of one of the CIM types, or an array of them, or null.
 class PEGASUS_EXPORT CIMValue
 {
 public:
@@ -47,7 +46,7 @@ public:
 
     CIMType getType() const { return type_; }
     Boolean isArray() const { return isArray_; }
-    Boolean isNull() const { return !data_; }
+    Boolean isNull() const { return data_.index() == 0; }
     /// The number of values of an array, 0 for anything else.
     Uint32 getArraySize() const { return arraySize_; }
     /// True where type and array-ness are the same.
@@ -91,7 +90,10 @@ private:
     CIMType type_ = CIMTYPE_BOOLEAN;
     Boolean isArray_ = false;
     Uint32 arraySize_ = 0;
-    std::shared_ptr<const void> data_; // a T or an Array<T> by type_ and isArray_
+    std::variant<std::monostate, Boolean, Uint8, Sint8, Uint16, Sint16, Uint32, Sint32, Uint64, Sint64, String,
+                 CIMDateTime, Array<Boolean>, Array<Uint8>, Array<Sint8>, Array<Uint16>, Array<Sint16>, Array<Uint32>,
+                 Array<Sint32>, Array<Uint64>, Array<Sint64>, Array<String>, Array<CIMDateTime>>
+        data_; // nothing for null, else what type_ and isArray_ say
 };
 
 /// The same type and an equal value; two nulls of one type are equal.

@@ -2,9 +2,9 @@
 
 #include <Pegasus/Common/Char16.h>
 #include <Pegasus/Common/Config.h>
+#include <Pegasus/Common/Shared.h>
 
 #include <string>
-#include <vector>
 
 namespace Pegasus
 {
@@ -20,7 +20,8 @@ private:
     std::string text_;
 };
 
-/// UTF-16 text with value semantics: a copy never sees the original's later changes.
+/// UTF-16 text with value semantics: a copy never sees the original's later changes. Copies share their text until one
+/// of them changes.
 /// Comparison without case folds the ASCII letters only.
 class PEGASUS_EXPORT String
 {
@@ -37,7 +38,7 @@ public:
     String(const Char16* text, Uint32 size);
 
     /// The number of UTF-16 units.
-    Uint32 size() const { return text_.empty() ? 0 : static_cast<Uint32>(text_.size() - 1); }
+    Uint32 size() const { return text_ ? text_->size : 0; }
     /// The text as UTF-8.
     CString getCString() const;
 
@@ -61,12 +62,28 @@ public:
     static Boolean equalNoCase(const String& a, const String& b);
 
 private:
+    /// The units with a zero unit after them, all in one piece of memory.
+    struct Text : Counted
+    {
+        const Uint32 capacity;
+        Uint32 size = 0;
+        Char16 units[1];
+
+        static Shared<Text> make(Uint32 capacity);
+        static void operator delete(void* memory) { ::operator delete(memory); }
+
+    private:
+        explicit Text(Uint32 room) : capacity(room) {}
+    };
+
     void assignUtf8(const char* text, Uint32 size);
+    /// Makes the text this string's own, with room for that many units. Returns what it was copied from.
+    Shared<Text> own(Uint32 capacity);
     String& append(const Char16* text, Uint32 size);
     /// The units, followed by a zero unit.
     const Char16* data() const;
 
-    std::vector<Char16> text_; // ends in a zero unit, unless it is empty
+    Shared<Text> text_; // null for a text that was always empty
 };
 
 PEGASUS_EXPORT String operator+(const String& a, const String& b);
