@@ -25,6 +25,12 @@ TEST(ProductName, TextAroundTheBlockIsJoinedAsItStands)
     expectParts("-[8837ABC]-Server", "8837ABC", "Server");
 }
 
+TEST(ProductName, BlockMayStandBehindMoreThan64KiBOfText)
+{
+    const std::string before(70000, 'x');
+    expectParts((before + "-[8837ABC]- 100").c_str(), "8837ABC", (before + " 100").c_str());
+}
+
 TEST(ProductName, BlockAloneLeavesNothingElse)
 {
     expectParts("-[8837ABC]-", "8837ABC", "");

@@ -47,6 +47,7 @@ const Decoding Decodings[] = {
     {"two bytes, the first and the last", "\xC2\x80\xDF\xBF", L"\x80\x7FF"},
     {"three bytes, the first and the last", "\xE0\xA0\x80\xEF\xBF\xBF", L"\x800\xFFFF"},
     {"four bytes, the first and the last", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", L"\x10000\x10FFFF"},
+    {"four bytes, odd first ones", "\xF1\x80\x80\x80\xF3\xBF\xBF\xBF", L"\x40000\xFFFFF"},
     {"around the surrogates", "\xED\x9F\xBF\xEE\x80\x80", L"\xD7FF\xE000"},
     {"a Latin-1 byte", "Caf\xE9", L"Caf\xE9"},
     {"a Latin-1 byte before ASCII", "M\xFCller", L"M\xFCller"},
@@ -89,6 +90,7 @@ const Encoding Encodings[] = {
      "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
      {0xD800, 0xDC00, 0xDBFF, 0xDFFF}},
     {"a smiling face", L"\x1F600", "\xF0\x9F\x98\x80", {0xD83D, 0xDE00}},
+    {"a character whose lower 16 bits are a surrogate's", L"\x1D800", "\xF0\x9D\xA0\x80", {0xD836, 0xDC00}},
     {"beside the surrogates", L"\xD7FF\xE000", "\xED\x9F\xBF\xEE\x80\x80", {0xD7FF, 0xE000}},
 };
 
@@ -184,6 +186,11 @@ TEST(Text, UnpairedSurrogateOfACimStringBecomesTheReplacementCharacter)
     EXPECT_EQ(make_string(fromUnits({'a', 0xDE00, 'z'})), "a\xEF\xBF\xBDz");
     EXPECT_EQ(make_string(fromUnits({'a', 0xDE00, 0xD83D})), "a\xEF\xBF\xBD\xEF\xBF\xBD");
     EXPECT_EQ(make_string(fromUnits({'a', 0xD83D, 0xD83D, 0xDE00})), "a\xEF\xBF\xBD\xF0\x9F\x98\x80");
+}
+
+TEST(Text, MayBeLongerThan64KiB)
+{
+    EXPECT_EQ(VQ::make_wstring(std::string(70000, 'a') + "\xC3\xA4"), std::wstring(70000, L'a') + L"\xE4");
 }
 
 TEST(Text, NulInsideATextIsACharacterLikeAnyOther)
