@@ -1,6 +1,6 @@
 # The command line.
 
-options=(--module --schema --provider-dir --repository --with-methods --without-methods --trust-paths --help --version)
+options=(--module --schema --provider-dir --repository --with-methods --without-methods --trust-paths --json --help --version)
 
 # distance A B: how many letters have to be typed, left out or changed to get from A to B
 distance()
@@ -63,6 +63,7 @@ while [ $# -gt 0 ]; do
     --with-methods) choose_methods with ;;
     --without-methods) choose_methods without ;;
     --trust-paths) trust_paths=yes ;;
+    --json) json=yes ;;
     -h | --help)
         usage
         exit 0
@@ -81,6 +82,7 @@ while [ $# -gt 0 ]; do
     shift
 done
 [ -n "$action" ] || bad_usage "which action?"
+[ -z "$json" ] || [ "$action" = doctor ] || bad_usage "--json is for doctor"
 
 # What was begun and not brought to its end is taken back, however this program ends; kill -9 leaves it to the next run.
 trap 'code=$?; trap - EXIT; [ -z "$undo" ] || "$undo"; exit "$code"' EXIT
