@@ -1,4 +1,5 @@
-# The manual pages, compressed as distributions want them, and the documents of the administrator.
+# The manual pages, compressed as distributions want them, the documents of the administrator, and what completes the
+# programs' command lines.
 set(VQ_INSTALL_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/${VQ_PACKAGE_NAME} CACHE STRING
     "Where the documents are installed, below the prefix")
 
@@ -48,6 +49,8 @@ install(FILES ${_legal} ${CMAKE_SOURCE_DIR}/docs/admin.md ${CMAKE_SOURCE_DIR}/do
 install(FILES ${_legal} DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR} COMPONENT development)
 install(FILES ${CMAKE_SOURCE_DIR}/examples/flat_inventory.c
     DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR}/examples COMPONENT development)
+install(FILES ${CMAKE_SOURCE_DIR}/completions/vq-register ${CMAKE_SOURCE_DIR}/completions/vqinventory
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
 get_property(_compressed GLOBAL PROPERTY VQ_COMPRESSED_FILES)
 add_custom_target(compressed_documents ALL DEPENDS ${_compressed})

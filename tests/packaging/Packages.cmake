@@ -21,6 +21,7 @@ man='@CMAKE_INSTALL_FULL_MANDIR@'
 module_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_MODULE_DIR@'
 schema_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_SCHEMA_DIR@'
 doc_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_DOC_DIR@'
+completion_dir='@CMAKE_INSTALL_FULL_DATADIR@/bash-completion/completions'
 ]])
 
 function(vq_package_test name)

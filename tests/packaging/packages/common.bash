@@ -51,6 +51,8 @@ $module_dir/libvqpegasus.so
 $module_dir/libvqsmbios.so
 $module_dir/from-dump/libvqsmbios.so
 $doc_dir/LICENSE
+$completion_dir/vq-register
+$completion_dir/vqinventory
 $doc_dir/admin.md
 $doc_dir/changelog.gz
 $doc_dir/classes.md

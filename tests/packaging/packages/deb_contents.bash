@@ -23,7 +23,7 @@ if [ "$cim_library" = openpegasus ]; then other=systemprovider-standalone; else 
 check "conflict with the other kind" "$other" "$(field Conflicts)"
 
 # Every library that the package's files need is in the package, in a package that it depends on, or is the server's.
-needed() { find "$root" -name '*.so' -o -name vqinventory | xargs -n1 readelf -d | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' | sort -u; }
+needed() { find "$root" -name '*.so' -o -path '*/bin/vqinventory' | xargs -n1 readelf -d | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' | sort -u; }
 from_elsewhere='^(libc\.so\.6|libm\.so\.6|ld-linux.*\.so\.2|libgcc_s\.so\.1|libstdc\+\+\.so\.6)$'
 [ "$cim_library" != openpegasus ] || from_elsewhere="$from_elsewhere|^libpeg(common|provider)\.so\.1\$"
 unexplained=
@@ -32,7 +32,7 @@ for library in $(needed | grep -vE "$from_elsewhere"); do
 done
 check "libraries that no dependency explains" "" "$unexplained"
 # The newest version of the C library that is asked for is not newer than the dependency says.
-newest=$(find "$root" -name '*.so' -o -name vqinventory | xargs -n1 objdump -T | sed -n 's/.*GLIBC_\([0-9.]*\).*/\1/p' | sort -uV | tail -1)
+newest=$(find "$root" -name '*.so' -o -path '*/bin/vqinventory' | xargs -n1 objdump -T | sed -n 's/.*GLIBC_\([0-9.]*\).*/\1/p' | sort -uV | tail -1)
 promised=$(field Depends | sed -n 's/.*libc6 (>= \([0-9.]*\)).*/\1/p')
 check "C library, oldest that will do" "$promised" "$(printf '%s\n' "$newest" "$promised" | sort -V | tail -1)"
 
