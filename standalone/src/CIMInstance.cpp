@@ -58,8 +58,11 @@ CIMInstance& CIMInstance::addProperty(const CIMProperty& property)
 Uint32 CIMInstance::findProperty(const CIMName& name) const
 {
     const std::vector<CIMProperty>& properties = rep().properties;
+    const String& wanted = name.getString();
     for (std::size_t i = 0; i < properties.size(); ++i) {
-        if (properties[i].getName() == name)
+        // Each added property is looked for among all: most names differ in their length already.
+        const String& own = properties[i].getName().getString();
+        if (own.size() == wanted.size() && String::equalNoCase(own, wanted))
             return static_cast<Uint32>(i);
     }
     return PEG_NOT_FOUND;
