@@ -70,6 +70,8 @@ private:
         Char16 units[1];
 
         static Shared<Text> make(Uint32 capacity);
+        // make() asks for more than the size of a Text, so the size must not be told when it is given back.
+        // NOLINTNEXTLINE(misc-new-delete-overloads,cert-dcl54-cpp)
         static void operator delete(void* memory) { ::operator delete(memory); }
 
     private:
