@@ -5,9 +5,11 @@
 
 namespace
 {
+// In five digits: the texts of a large table are no longer than those of a small one, so they cost the same.
 std::string numbered(const char* text, std::size_t number)
 {
-    return text + std::to_string(number);
+    const std::string digits = std::to_string(number);
+    return text + std::string(digits.size() < 5 ? 5 - digits.size() : 0, '0') + digits;
 }
 
 void addBios(TableBuilder& table)
