@@ -41,7 +41,8 @@ set(CPACK_RPM_SPEC_MORE_DEFINE "%global _build_id_links none
 # Directories of the system, which other packages own.
 foreach(_dir ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_SBINDIR} ${CMAKE_INSTALL_INCLUDEDIR}
         ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_DATAROOTDIR}/doc ${CMAKE_INSTALL_MANDIR}
-        ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_MANDIR}/man8)
+        ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_MANDIR}/man8
+        ${CMAKE_INSTALL_DATADIR}/bash-completion ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
     list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION ${CMAKE_INSTALL_PREFIX}/${_dir})
 endforeach()
 
