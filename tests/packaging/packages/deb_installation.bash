@@ -34,6 +34,7 @@ export PATH=$server/bin:$PATH VQ_STAND_IN=$server PEGASUS_HOME=$server
 cimserver
 read -r server_process _ <"$server/process"
 trap 'kill "$server_process"; umount -l "$scratch"; rmdir "$scratch"' EXIT
+: >"$server/calls" # what is asked from here on is the packages' doing
 
 known() { find "$server/repository/root#cimv2/classes" "$server/repository/root#PG_InterOp/module" "$server/lib" ! -type d 2>/dev/null | wc -l; }
 # All files that were written or taken away here, but dpkg's own notes, by kind, permissions, size and place. Of the upper
