@@ -193,7 +193,7 @@ CheckResult check(const Arguments& arguments)
         findings.problem(std::string("module: ") + error.what());
     }
     for (const auto& [className, reason] : refusedClasses(result.table))
-        findings.problem(className + ": not asked: " + reason);
+        findings.problem(std::string(className).append(": not asked: ").append(reason));
     judgeMemory(findings);
     result.findings = findings.take();
     return result;

@@ -192,7 +192,7 @@ TEST_F(BiosAccessors, ReleaseDateIsDeliveredAndPrinted)
 
 TEST_F(BiosAccessors, ReleaseDateHasTheDatesOwnOffset)
 {
-    libc.gmtOffset = -300 * 60;
+    libc.gmtOffset = -300L * 60;
     BiosWith record;
     record.setReleaseDate(VQ::DateTime(1110214800, 3)); // 2005-03-07 17:00:00 UTC
     bios = record;

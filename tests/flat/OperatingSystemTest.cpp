@@ -78,13 +78,13 @@ TEST_F(OperatingSystem, IsNotDistributed)
 
 TEST_F(OperatingSystem, TimeZoneIsPositiveToTheEast)
 {
-    libc.gmtOffset = 345 * 60;
+    libc.gmtOffset = 345L * 60;
     EXPECT_EQ(getOSCurrentTimeZone(), 345);
 }
 
 TEST_F(OperatingSystem, TimeZoneIsNegativeToTheWest)
 {
-    libc.gmtOffset = -210 * 60;
+    libc.gmtOffset = -210L * 60;
     EXPECT_EQ(getOSCurrentTimeZone(), -210);
 }
 
@@ -132,7 +132,7 @@ TEST_F(OperatingSystem, MemoryFiguresWithoutSourceAreZero)
 
 TEST_F(OperatingSystem, DatesAreLocalTimeWithOffsetFieldZero)
 {
-    libc.gmtOffset = -300 * 60;
+    libc.gmtOffset = -300L * 60;
     EXPECT_EQ(textOf(getOSInstallDate), "19691231190000.000000+000");
     EXPECT_EQ(textOf(getOSLocalDateTime), "20050307120000.000000+000");
     EXPECT_EQ(textOf(getOSLastBootUpTime), "20050307105959.000000+000");

@@ -15,7 +15,7 @@ using Lines = std::vector<std::string>;
 // does "no exception of the library's", by throwing what is no std::exception.
 std::string VQ::make_string(const char* text)
 {
-    const std::string taken = text ? text : "";
+    std::string taken = text ? text : "";
     if (taken == "unreadable")
         throw std::runtime_error("cannot take this text over");
     if (taken == "no exception of the library's")

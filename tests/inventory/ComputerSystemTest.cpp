@@ -200,7 +200,7 @@ TEST_F(Probe, RecordKeepsItsAnswerAndCopiesDoNotAsk)
     stand("answering");
     answers = {1};
     const ComputerSystem system = GetComputerSystemInstance();
-    const ComputerSystem copy(system);
+    const ComputerSystem copy(system); // NOLINT(performance-unnecessary-copy-initialization): what this test is about
     EXPECT_EQ(copy.getVirtualType(), 3u);
     EXPECT_EQ(copy.getVirtualMethod(), "Xen");
     EXPECT_EQ(system.getVirtualType(), 3u);

@@ -27,7 +27,7 @@ using Lines = std::vector<std::string>;
 // Takes the place of the support library's function in this program: the same, but the version "9.9" fails.
 std::string VQ::make_string(const char* text)
 {
-    const std::string taken = text ? text : "";
+    std::string taken = text ? text : "";
     if (taken == "9.9")
         throw std::runtime_error("cannot take this version over");
     return taken;

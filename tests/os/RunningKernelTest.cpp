@@ -88,7 +88,7 @@ long instantOf(const DateTime& date)
     fields.tm_hour = date.getHour();
     fields.tm_min = date.getMinute();
     fields.tm_sec = date.getSecond();
-    return timegm(&fields) - date.getOffset() * 60l;
+    return timegm(&fields) - date.getOffset() * 60L;
 }
 
 // A figure that moves lies between two readings of it, give or take `slack`; tried anew when the machine was too busy.
@@ -174,7 +174,7 @@ TEST_F(RunningKernel, FreeMemoryIsThatOfMeminfoWithin64MiB)
 {
     SKIP_WITHOUT(numberIn("/proc/meminfo", "MemFree"), "MemFree in /proc/meminfo");
     expectBetween([] { return asReported(numberIn("/proc/meminfo", "MemFree").value_or(0)); },
-                  [this] { return system.getFreePhysicalMemory(); }, asReported(64 * 1024));
+                  [this] { return system.getFreePhysicalMemory(); }, asReported(64ULL * 1024));
 }
 
 TEST_F(RunningKernel, ProcessesAreTheTasksOfLoadavgWithin20)
@@ -222,7 +222,7 @@ TEST_P(RunningKernelIn, LocalDateTimeIsThatOfDate)
     std::tm fields = {};
     ASSERT_NE(strptime(now->c_str(), "%Y-%m-%d %H:%M:%S", &fields), nullptr) << *now;
     const long local = timegm(&fields);
-    EXPECT_LE(std::labs(instantOf(mine) + mine.getOffset() * 60l - local), SecondsOfSlack) << *now;
+    EXPECT_LE(std::labs(instantOf(mine) + mine.getOffset() * 60L - local), SecondsOfSlack) << *now;
 }
 
 // The machine's own zone, and zones that need no database.
