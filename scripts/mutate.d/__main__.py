@@ -8,6 +8,7 @@ import pathlib
 import queue
 import random
 import shutil
+import signal
 import sys
 import threading
 import time
@@ -16,6 +17,7 @@ import accepted
 import build
 import guard
 import mutations
+import running
 import worker
 from source import Source
 
@@ -23,6 +25,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
 DIRECTORY = ROOT / "build" / "mutate"
 MUTATED = ["inventory", "os", "flat", "provider", "support"]
+ACCEPTED = HERE / "accepted.txt"
 CHUNK = 20  # mutants of one file that a worker takes at once
 
 
@@ -31,7 +34,7 @@ def arguments():
         prog="scripts/mutate",
         description="Makes small mistakes in the sources, one at a time, in copies below build/mutate; builds each and "
         "runs the tests that cover it; names the survivors, the mistakes that no test notices. Exits with 1 when a "
-        f"survivor is not in {(HERE / 'accepted.txt').relative_to(ROOT)}, the list of those accepted with a reason, "
+        f"survivor is not in {ACCEPTED.relative_to(ROOT)}, the list of those accepted with a reason, "
         "with 2 when it can't run.",
     )
     parser.add_argument("paths", nargs="*", default=MUTATED, help="files and directories, from the root of the sources")
@@ -68,7 +71,7 @@ class Record:
 
     def __init__(self, options):
         self.file = DIRECTORY / "results.jsonl"
-        self.state = build.digest(ROOT)
+        self.state = build.digest(ROOT, ACCEPTED)  # what is accepted changes no result
         self.results = {}
         old = [json.loads(line) for line in self.file.read_text().splitlines()] if self.file.exists() else [{}]
         self.survivors = [self._key(entry) for entry in old[1:] if entry["result"] == worker.SURVIVED]
@@ -114,20 +117,28 @@ def chosen(options, record):
     return wanted, every
 
 
-def workers(options):
-    made = []
-    for number in range(options.jobs):
-        print(f"building copy {number + 1} of {options.jobs}", flush=True)
-        directory = DIRECTORY / f"worker-{number + 1}"
-        directory.mkdir(parents=True, exist_ok=True)
-        made.append(worker.Worker(ROOT, directory, options))
+def copy_made(options, number, jobs):
+    print(f"building copy {number} of {options.jobs}", flush=True)
+    directory = DIRECTORY / f"worker-{number}"
+    directory.mkdir(parents=True, exist_ok=True)
+    return worker.Worker(ROOT, directory, options, jobs)
+
+
+def first_worker(options):
+    """The one that measures the tests for all."""
+    first = copy_made(options, 1, options.jobs)
     print("running every test without a mistake", flush=True)
-    made[0].measure()
-    for other in made[1:]:
-        other.share_measures(made[0])
-    for name in made[0].left_out:
+    first.measure()
+    for name in first.left_out:
         print(f"left out, too slow: {name}")
-    return made
+    return first
+
+
+def another_worker(options, number, first):
+    """Made while the first is at work already."""
+    other = copy_made(options, number, 1)
+    other.share_measures(first)
+    return other
 
 
 def run(options, todo, record):
@@ -140,10 +151,11 @@ def run(options, todo, record):
         for begin in range(0, len(ofs), CHUNK):
             chunks.put(ofs[begin : begin + CHUNK])
     lock = threading.Lock()
-    failures = []
+    failures, tried = [], [0]
 
-    def work(one):
+    def work(number):
         try:
+            one = first if number == 1 else another_worker(options, number, first)
             while not failures:
                 chunk = chunks.get_nowait()
                 one.begin_file(chunk[0].path, (ROOT / chunk[0].path).read_text())
@@ -152,7 +164,10 @@ def run(options, todo, record):
                     with lock:
                         record.add(mutation, result, by)
                         report(mutation, result, by)
-        except queue.Empty:
+                with lock:
+                    tried[0] += len(chunk)
+                    print(f"{tried[0]} of {len(todo)} tried", flush=True)
+        except (queue.Empty, running.Stopped):
             pass
         except Exception as error:  # a worker that stops must stop the run, not shorten it
             failures.append(error)
@@ -161,7 +176,8 @@ def run(options, todo, record):
         if result == worker.SURVIVED:
             print(f"{mutation.path}:{mutation.line}: {mutation.kind} survived\n{accepted.text(mutation)}\n", flush=True)
 
-    threads = [threading.Thread(target=work, args=(one,), daemon=True) for one in workers(options)]
+    first = first_worker(options)
+    threads = [threading.Thread(target=work, args=(number + 1,), daemon=True) for number in range(options.jobs)]
     for thread in threads:
         thread.start()
     for thread in threads:
@@ -206,7 +222,7 @@ def main():
     open_side = guard.weakness()
     if open_side:
         raise SystemExit(f"scripts/mutate: not behind the guard: {open_side}; nothing is run")
-    entries = accepted.read(HERE / "accepted.txt")
+    entries = accepted.read(ACCEPTED)
     record = Record(options)
     wanted, every = chosen(options, record)
     if options.list:
@@ -221,7 +237,8 @@ def main():
     todo = [mutation for mutation in wanted if mutation.key not in record.results]
     print(f"{len(todo)} mutants to try", flush=True)
     began = time.monotonic()
-    run(options, todo, record)
+    if todo:
+        run(options, todo, record)
     print(f"{(time.monotonic() - began) / 60:.0f} minutes")
     summary(record.results)
     if reached.exists():
@@ -232,11 +249,13 @@ def main():
 if __name__ == "__main__":
     if not shutil.which("ninja"):
         raise SystemExit("scripts/mutate: ninja is missing: scripts/setup test installs it")
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
     try:
         sys.exit(main())
     except (build.BuildFailed, RuntimeError, ValueError) as error:
         print(f"scripts/mutate: {error}", file=sys.stderr)
         sys.exit(2)
     except KeyboardInterrupt:
+        running.stop()
         print("scripts/mutate: interrupted; --resume goes on", file=sys.stderr)
         sys.exit(2)

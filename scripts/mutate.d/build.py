@@ -12,6 +12,8 @@ import re
 import shutil
 import subprocess
 
+import running
+
 # Warnings are no concern here. No debug information: so objects are the same where the code is. A library that changed
 # needs no new link of what uses it; the tests of a program are asked for when they are listed, not at every link.
 CONFIGURATION = [
@@ -47,10 +49,12 @@ def tracked_files(root):
     return [name for name in sorted(set(listed.split("\0"))) if name and (root / name).is_file()]
 
 
-def digest(root):
-    """Tells one state of the sources from another."""
+def digest(root, without):
+    """Tells one state of the sources from another; the file `without` may differ."""
     total = hashlib.sha256()
     for name in tracked_files(root):
+        if root / name == without:
+            continue
         total.update(name.encode() + b"\0" + (root / name).read_bytes())
     return total.hexdigest()
 
@@ -76,10 +80,14 @@ class Build:
             shutil.copymode(root / name, copy)
 
     def _run(self, *command):
-        done = subprocess.run(command, cwd=self.source, text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-        if done.returncode != 0:
-            raise BuildFailed(done.stdout[-4000:])
-        return done.stdout
+        process = subprocess.Popen(command, cwd=self.source, text=True, start_new_session=True,
+                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT)  # fmt: skip
+        running.begun(process)
+        output, _ = process.communicate()
+        running.end(process)
+        if process.returncode != 0:
+            raise BuildFailed(output[-4000:])
+        return output
 
     def make(self, targets, jobs=1):
         self._run("ninja", "-C", self.tree, "-j", str(jobs), *targets)

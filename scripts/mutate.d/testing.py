@@ -4,10 +4,11 @@ import dataclasses
 import os
 import re
 import resource
-import signal
 import subprocess
 import tempfile
 import time
+
+import running
 
 MEMORY = 2 << 30  # of one process
 FILE_SIZE = 256 << 20
@@ -40,7 +41,6 @@ class Outcome:
 
 def _limits(seconds):
     def set_limits():
-        os.setsid()
         resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
         resource.setrlimit(resource.RLIMIT_FSIZE, (FILE_SIZE, FILE_SIZE))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
@@ -59,16 +59,14 @@ def run(program, tests, seconds, temporary):
     environment.update(entry.split("=", 1) for entry in program.environment)
     with tempfile.TemporaryFile() as output:
         process = subprocess.Popen(command, cwd=program.directory, env=environment, stdin=subprocess.DEVNULL,
-                                   stdout=output, stderr=output, preexec_fn=_limits(int(seconds) + 1))  # fmt: skip
+                                   stdout=output, stderr=output, start_new_session=True,
+                                   preexec_fn=_limits(int(seconds) + 1))  # fmt: skip
+        running.begun(process)
         try:
             process.wait(20 * seconds)
         except subprocess.TimeoutExpired:
             pass
-        try:
-            os.killpg(process.pid, signal.SIGKILL)
-        except ProcessLookupError:
-            pass
-        process.wait()
+        running.end(process)
         output.seek(0)
         return Outcome(process.returncode not in (0, 77), output.read().decode(errors="replace"))
 

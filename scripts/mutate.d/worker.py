@@ -8,9 +8,9 @@ LINKING = 0.3  # seconds that a program's link takes, about
 
 
 class Worker:
-    def __init__(self, root, directory, options):
+    def __init__(self, root, directory, options, jobs):
         self.build = Build(root, directory)
-        self.build.make_programs(options.programs, options.jobs)
+        self.build.make_programs(options.programs, jobs)
         self.programs = self.build.programs(options.programs)
         self.temporary = directory / "temporary"
         self.temporary.mkdir(exist_ok=True)
