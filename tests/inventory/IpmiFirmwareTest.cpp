@@ -271,6 +271,14 @@ TEST_F(InterfaceLink, PassesOverAnEntryWithoutAName)
     EXPECT_EQ(table[2].function, nullptr);
 }
 
+TEST_F(InterfaceLink, LooksUpANameOfOneLetter)
+{
+    LoadedStandIn standIn("whole");
+    VQ::interfaceStruct table[1] = {{"x", &untouched}};
+    EXPECT_EQ(VQ::openInterfaceLink(VQ::IPMILib, table, 1), 0);
+    EXPECT_EQ(table[0].function, nullptr);
+}
+
 TEST_F(InterfaceLink, EndsAtTheFirstFunctionThatIsMissingAndStaysOpen)
 {
     LoadedStandIn standIn("whole");
