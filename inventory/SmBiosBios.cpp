@@ -79,8 +79,7 @@ void SmBiosBios::readReleaseDate(const SmBios::Table& bios)
         return;
     // mm/dd/yy or mm/dd/yyyy at fixed positions. A one-digit month or day is misread on purpose: callers tell BIOS
     // versions apart by this date, so the same table must give the same date (docs/admin.md says what to expect).
-    std::string date(text);
-    std::replace(date.begin(), date.end(), '/', '\0');
+    const std::string date(text);
     _releaseDate.setMonth(static_cast<unsigned char>(numberAt(date, 0)));
     _releaseDate.setDay(static_cast<unsigned char>(numberAt(date, 3)));
     const auto year = static_cast<unsigned short>(numberAt(date, 6));
