@@ -75,7 +75,7 @@ class Record:
         self.results = {}
         old = [json.loads(line) for line in self.file.read_text().splitlines()] if self.file.exists() else [{}]
         self.survivors = [self._key(entry) for entry in old[1:] if entry["result"] == worker.SURVIVED]
-        if options.resume and self.file.exists():
+        if options.resume and old[1:]:
             if old[0].get("sources") != self.state:
                 raise SystemExit("scripts/mutate: the sources have changed since that run; start anew without --resume")
             self.results = {self._key(entry): (entry["result"], entry["by"]) for entry in old[1:]}
