@@ -1,5 +1,6 @@
 #include "support/smbios/HostSource.h"
 
+#include "support/smbios/File.h"
 #include "support/smbios/SmBios.h"
 #include "tests/support/smbios/Platform.h"
 #include "tests/testing/EntryPoints.h"
@@ -589,6 +590,15 @@ TEST_F(Memory, InterruptedAndSmallAnswersAreReadOn)
     platform.largestAnswer = 1000;
     platform.interrupted = true;
     EXPECT_EQ(summary(), "2.4: 7 127");
+}
+
+TEST_F(Memory, EndOfAFileIsNoInterruptionWhateverFailedBefore)
+{
+    write(hostPaths.memoryDevice, Bytes(10));
+    File file(hostPaths.memoryDevice, "advice");
+    errno = EINTR;
+    EXPECT_EQ(file.readAt(4, 100).size(), 6u);
+    EXPECT_EQ(file.readAll(100).size(), 10u);
 }
 
 TEST_F(Memory, TableThatCannotBeReadIsMapped)
