@@ -2,6 +2,7 @@
 
 import argparse
 import collections
+import fcntl
 import json
 import os
 import pathlib
@@ -73,12 +74,17 @@ class Record:
         self.file = DIRECTORY / "results.jsonl"
         self.state = build.digest(ROOT, ACCEPTED)  # what is accepted changes no result
         self.results = {}
-        old = [json.loads(line) for line in self.file.read_text().splitlines()] if self.file.exists() else [{}]
-        self.survivors = [self._key(entry) for entry in old[1:] if entry["result"] == worker.SURVIVED]
-        if options.resume and old[1:]:
-            if old[0].get("sources") != self.state:
+        lines = self.file.read_text().splitlines() if self.file.exists() else []
+        state, entries = json.loads(lines[0])["sources"] if lines else "", {}
+        for line in lines[1:]:
+            entry = json.loads(line)
+            entries[self._key(entry)] = entry
+        self.survivors = {key: entry for key, entry in entries.items() if entry["result"] == worker.SURVIVED}
+        self.kept = self.survivors.values() if options.survivors else []  # until they have been tried again
+        if options.resume and entries:
+            if state != self.state:
                 raise SystemExit("scripts/mutate: the sources have changed since that run; start anew without --resume")
-            self.results = {self._key(entry): (entry["result"], entry["by"]) for entry in old[1:]}
+            self.results = {key: (entry["result"], entry["by"]) for key, entry in entries.items()}
         elif options.survivors and not self.survivors:
             raise SystemExit("scripts/mutate: no survivor of a last run is known")
 
@@ -87,9 +93,9 @@ class Record:
         return entry["path"], entry["function"], tuple(entry["before"]), tuple(entry["after"])
 
     def begin(self):
-        DIRECTORY.mkdir(parents=True, exist_ok=True)
         if not self.results:
-            self.file.write_text(json.dumps({"sources": self.state}) + "\n")
+            lines = [{"sources": self.state}, *self.kept]
+            self.file.write_text("".join(json.dumps(line) + "\n" for line in lines))
 
     def add(self, mutation, result, by):
         self.results[mutation.key] = (result, by)
@@ -177,6 +183,7 @@ def run(options, todo, record):
             print(f"{mutation.path}:{mutation.line}: {mutation.kind} survived\n{accepted.text(mutation)}\n", flush=True)
 
     first = first_worker(options)
+    record.begin()  # not before: the last run's results last until there are new ones
     threads = [threading.Thread(target=work, args=(number + 1,), daemon=True) for number in range(options.jobs)]
     for thread in threads:
         thread.start()
@@ -230,7 +237,12 @@ def main():
             print(f"{mutation.path}:{mutation.line}: {mutation.kind}\n{accepted.text(mutation)}\n")
         print(f"{len(wanted)} mutants")
         return 0
-    record.begin()
+    DIRECTORY.mkdir(parents=True, exist_ok=True)
+    lock = (DIRECTORY / "lock").open("w")
+    try:
+        fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+    except BlockingIOError:
+        raise SystemExit(f"scripts/mutate: another run is at work in {DIRECTORY}: wait for its end") from None
     reached = DIRECTORY / "reached"
     reached.unlink(missing_ok=True)
     os.environ["VQ_MUTATE_REACHED"] = str(reached)

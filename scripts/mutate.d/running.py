@@ -3,6 +3,7 @@
 import os
 import signal
 import threading
+import time
 
 _lock = threading.Lock()
 _processes = set()
@@ -17,12 +18,12 @@ def begun(process):
     with _lock:
         _processes.add(process)
     if _stopped:
-        _kill(process)
+        _signal(process, signal.SIGKILL)
 
 
 def end(process):
     """Kills what the program left running. Raises Stopped when the program was ended from here."""
-    _kill(process)
+    _signal(process, signal.SIGKILL)
     process.wait()
     with _lock:
         _processes.discard(process)
@@ -31,15 +32,22 @@ def end(process):
 
 
 def stop():
+    """Ends what runs: with a request first, since the build's compilers are in groups of their own, which it ends."""
     global _stopped
     _stopped = True
     with _lock:
-        for process in _processes:
-            _kill(process)
+        processes = list(_processes)
+    for process in processes:
+        _signal(process, signal.SIGTERM)
+    limit = time.monotonic() + 5
+    while any(process.poll() is None for process in processes) and time.monotonic() < limit:
+        time.sleep(0.02)
+    for process in processes:
+        _signal(process, signal.SIGKILL)
 
 
-def _kill(process):
+def _signal(process, number):
     try:
-        os.killpg(process.pid, signal.SIGKILL)
+        os.killpg(process.pid, number)
     except ProcessLookupError:
         pass

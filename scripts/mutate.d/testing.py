@@ -11,7 +11,7 @@ import time
 import running
 
 MEMORY = 2 << 30  # of one process
-FILE_SIZE = 256 << 20
+FILE_SIZE = 8 << 30  # a test has a file with a hole of 4 GiB
 SLOW = 0.05  # seconds, from which on a test is run by itself, after the quick ones
 
 
