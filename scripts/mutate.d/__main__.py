@@ -3,6 +3,7 @@
 import argparse
 import collections
 import fcntl
+import itertools
 import json
 import os
 import pathlib
@@ -157,7 +158,8 @@ def run(options, todo, record):
         for begin in range(0, len(ofs), CHUNK):
             chunks.put(ofs[begin : begin + CHUNK])
     lock = threading.Lock()
-    failures, tried = [], [0]
+    failures = []
+    tried = itertools.count(1)
 
     def work(number):
         try:
@@ -170,15 +172,15 @@ def run(options, todo, record):
                     with lock:
                         record.add(mutation, result, by)
                         report(mutation, result, by)
-                with lock:
-                    tried[0] += len(chunk)
-                    print(f"{tried[0]} of {len(todo)} tried", flush=True)
         except (queue.Empty, running.Stopped):
             pass
         except Exception as error:  # a worker that stops must stop the run, not shorten it
             failures.append(error)
 
     def report(mutation, result, by):
+        count = next(tried)
+        if count % CHUNK == 0 or count == len(todo):
+            print(f"{count} of {len(todo)} tried", flush=True)
         if result == worker.SURVIVED:
             print(f"{mutation.path}:{mutation.line}: {mutation.kind} survived\n{accepted.text(mutation)}\n", flush=True)
 

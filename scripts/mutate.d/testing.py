@@ -78,7 +78,10 @@ def units(program, temporary, longest):
     outcome = run(program, "", 600, temporary)
     took = time.monotonic() - began
     if outcome.failed:
-        raise RuntimeError(f"{program.target} {outcome.reason} fails without a mistake:\n{outcome.text[-3000:]}")
+        raise RuntimeError(
+            f"{program.target} {outcome.reason} fails without a mistake in {program.directory} (if only there, remove "
+            f"that copy):\n{outcome.text[-3000:]}"
+        )
     if not program.gtest:
         return ([Unit(program, "", took)], []) if took <= longest else ([], [program.target])
     tests = {

@@ -31,7 +31,10 @@ class Worker:
                 self.hashes.setdefault(made, self.build.hash(made))
 
     def share_measures(self, other):
-        """Takes over what another worker measured: its tests are the same, at another place."""
+        """Takes over what another worker measured: its tests are the same, at another place. Raises RuntimeError when
+        one of them fails without a mistake: it would pass for having noticed every mutant."""
+        for program in self.programs:
+            testing.units(program, self.temporary, self.longest)
         programs = {program.target: program for program in self.programs}
         self.units = [testing.Unit(programs[unit.program.target], unit.tests, unit.seconds) for unit in other.units]
         for objects in self.build.objects.values():
