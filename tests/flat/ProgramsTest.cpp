@@ -163,7 +163,9 @@ std::vector<Records> realTables()
         std::vector<std::string> columns;
         for (std::string column; std::getline(fields, column, '\t');)
             columns.push_back(column);
-        const auto number = [&columns](std::size_t column) { return std::atol(columns.at(column).c_str()); };
+        const auto number = [&columns](std::size_t column) {
+            return std::strtol(columns.at(column).c_str(), nullptr, 10);
+        };
         found.push_back({RealTables + "/" + columns.at(0), number(7), number(9), number(10), number(11)});
     }
     return found;
