@@ -328,7 +328,8 @@ INSTANTIATE_TEST_SUITE_P(Classes, Listed,
                          testing::Values(ListedClass{"QORTAL_BaseBoard", "Tag", "BaseBoard", "SerialNumber", "BD"},
                                          ListedClass{"QORTAL_CacheMemory", "DeviceID", "Cache", "Name", "Cache "},
                                          ListedClass{"QORTAL_Port", "Tag", "PortConnector", "Name", "USB "},
-                                         ListedClass{"QORTAL_Slot", "Tag", "PCI Express ", "Name", "PCI Express "}),
+                                         ListedClass{"QORTAL_Slot", "Tag", "PCI Express x16 ", "Name",
+                                                     "PCI Express x16 "}),
                          [](const testing::TestParamInfo<ListedClass>& info) { return std::string(info.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(Classes, Contract, testing::ValuesIn(Classes),

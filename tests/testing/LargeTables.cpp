@@ -5,11 +5,9 @@
 
 namespace
 {
-// In five digits: the texts of a large table are no longer than those of a small one, so they cost the same.
 std::string numbered(const char* text, std::size_t number)
 {
-    const std::string digits = std::to_string(number);
-    return text + std::string(digits.size() < 5 ? 5 - digits.size() : 0, '0') + digits;
+    return text + std::to_string(number);
 }
 
 void addBios(TableBuilder& table)
@@ -77,7 +75,8 @@ void addPort(TableBuilder& table, std::size_t number)
 
 void addSlot(TableBuilder& table, std::size_t number)
 {
-    table.type(9).string(0x04, numbered("PCI Express ", number)).byte(0x05, 0xA9).length(0x11);
+    // Longer than what a string holds without an allocation, whatever the number: a large table costs no more for that.
+    table.type(9).string(0x04, numbered("PCI Express x16 ", number)).byte(0x05, 0xA9).length(0x11);
 }
 
 void addFirmware(TableBuilder& table, std::size_t number)
