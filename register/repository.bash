@@ -15,7 +15,8 @@ own_server_processes()
 {
     local process
     for process in $(server_processes); do
-        ! tr '\0' '\n' <"/proc/$process/cmdline" | grep -xF "repositoryDir=$copy" >/dev/null || say "$process"
+        # The process may end before it is looked at.
+        ! { tr '\0' '\n' <"/proc/$process/cmdline"; } 2>/dev/null | grep -xF "repositoryDir=$copy" >/dev/null || say "$process"
     done
 }
 

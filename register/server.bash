@@ -137,10 +137,10 @@ process_repository()
     local word home='' directory='' root=/proc/$1/root
     while IFS= read -r -d '' word; do
         case "$word" in repositoryDir=*) directory=${word#*=} ;; esac
-    done <"/proc/$1/cmdline"
+    done < <(cat "/proc/$1/cmdline" 2>/dev/null)
     while IFS= read -r -d '' word; do
         case "$word" in PEGASUS_HOME=*) home=${word#*=} ;; esac
-    done <"/proc/$1/environ"
+    done < <(cat "/proc/$1/environ" 2>/dev/null)
     [ -n "$directory" ] || [ -z "$home" ] ||
         directory=$(sed -n 's/^repositoryDir=//p' "$root$home/cimserver_current.conf" 2>/dev/null)
     [ -n "$home" ] || directory=${directory:-$repository}
