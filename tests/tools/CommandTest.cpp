@@ -358,7 +358,7 @@ void expectMisuse(const Misuse& misuse)
 TEST(ToolUsage, WrongOptionsAreUsageErrors)
 {
     expectMisuse({{"--bogus"}, "The following argument was not expected: --bogus\nvqinventory: --help shows"});
-    expectMisuse({{"--format", "xml"}, "--format: xml not in {json,mof,text}\n"});
+    expectMisuse({{"--format", "xml"}, "--format: xml not in {text,json,mof}\n"});
     expectMisuse({{"--format", "json", "--format", "text"}, "--format"});
     expectMisuse({{"--from-dump"}, "--from-dump: 1 required FILE missing\n"});
     expectMisuse({{"--module"}, "--module: 1 required FILE missing\n"});

@@ -1,4 +1,4 @@
-#include "tools/Printable.h"
+#include "tools/formats/Printable.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,126 @@
+#include "tools/formats/Formats.h"
+#include "tools/formats/Printable.h"
+#include "tools/knowledge/Classes.h"
+#include "tools/knowledge/PropertyNotes.h"
+
+#include <algorithm>
+
+namespace VQ::Tool
+{
+
+namespace
+{
+constexpr const char* Margin = "    ";
+constexpr const char* KeyMargin = "  * ";
+
+struct Plain
+{
+    std::string operator()(bool value) const { return value ? "true" : "false"; }
+    std::string operator()(std::uint64_t value) const { return std::to_string(value); }
+    std::string operator()(std::int64_t value) const { return std::to_string(value); }
+    std::string operator()(const std::string& value) const
+    {
+        // Without quotes an empty text, or blanks at its ends, could not be seen.
+        const bool blankEnds = !value.empty() && (value.front() == ' ' || value.back() == ' ');
+        return value.empty() || blankEnds ? '"' + printable(value) + '"' : printable(value);
+    }
+    std::string operator()(const DateTimeText& value) const
+    {
+        const std::string readable = readableDateTime(value.text);
+        return printable(value.text) + (readable.empty() ? "" : " (" + readable + ")");
+    }
+};
+
+std::string elementText(const std::string& className, const std::string& property, const Scalar& element)
+{
+    const auto* number = std::get_if<std::uint64_t>(&element);
+    const std::string meaning = number ? meaningOf(className, property, *number) : "";
+    const std::string unit = unitOf(className, property);
+    return std::visit(Plain(), element) + (unit.empty() ? "" : " " + unit) +
+           (meaning.empty() ? "" : " (" + meaning + ")");
+}
+
+// One line, or for a list of more than one element as many, the further ones below the first.
+std::string propertyText(const std::string& className, const Property& property, std::size_t nameWidth)
+{
+    const std::string name = printable(property.name);
+    std::string text = (property.isKey ? KeyMargin : Margin) + name + std::string(nameWidth - name.size() + 2, ' ');
+    if (property.value.isNull)
+        return text + "(null)\n";
+    if (property.value.elements.empty())
+        return text + "(empty list)\n";
+    const std::string indent(std::string(Margin).size() + nameWidth + 2, ' ');
+    for (std::size_t i = 0; i < property.value.elements.size(); ++i)
+        text += (i == 0 ? "" : indent) + elementText(className, property.name, property.value.elements[i]) + "\n";
+    return text;
+}
+
+std::string instanceText(const std::string& className, const Instance& instance, std::size_t nameWidth)
+{
+    std::string text;
+    for (const bool keys : {true, false})
+        for (const Property& property : instance.properties)
+            if (property.isKey == keys)
+                text += propertyText(className, property, nameWidth);
+    return text;
+}
+
+std::size_t widestName(const Answer& answer)
+{
+    std::size_t width = 0;
+    for (const Instance& instance : answer.instances)
+        for (const Property& property : instance.properties)
+            width = std::max(width, printable(property.name).size());
+    return width;
+}
+
+std::string heading(const Answer& answer)
+{
+    const ClassInfo* served = findClass(answer.className);
+    const std::size_t count = answer.instances.size();
+    return printable(answer.className) + ": " + (served ? std::string(served->title) + ", " : "") +
+           (count == 0   ? "no instances"
+            : count == 1 ? "1 instance"
+                         : std::to_string(count) + " instances") +
+           (answer.failure ? ", then an error" : "") + (count == 0 ? "" : " (* marks a key)") + "\n";
+}
+
+std::string sectionText(const Answer& answer)
+{
+    std::string text = heading(answer);
+    const std::size_t nameWidth = widestName(answer);
+    for (const Instance& instance : answer.instances)
+        text += "\n" + instanceText(canonicalClassName(answer.className), instance, nameWidth);
+    return text;
+}
+}
+
+std::string machinesAsText(const std::vector<Machine>& machines)
+{
+    std::string text;
+    for (const Machine& machine : machines)
+        for (const Answer& answer : machine.answers)
+            if (!answer.failure || !answer.instances.empty())
+                text += (text.empty() ? "" : "\n") + sectionText(answer);
+    return text;
+}
+
+std::string namesAsText(const std::vector<Machine>& machines)
+{
+    std::string text;
+    for (const Machine& machine : machines)
+        for (const Answer& answer : machine.answers)
+            for (const Instance& instance : answer.instances)
+                text += printable(instance.path) + "\n";
+    return text;
+}
+
+std::string resultAsText(const MethodAnswer& answer)
+{
+    if (!answer.returnValue || answer.returnValue->elements.empty())
+        return "";
+    return printable(answer.className + "." + answer.method) + ": ReturnValue " +
+           std::visit(Plain(), answer.returnValue->elements.front()) + "\n";
+}
+
+}

@@ -1,0 +1,84 @@
+#include "tools/knowledge/PropertyNotes.h"
+
+#include "tools/knowledge/Schema.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <map>
+
+namespace VQ::Tool
+{
+
+namespace
+{
+// How people write the units of the schema.
+const std::map<std::string, const char*> UnitTexts = {
+    {"KiloBytes", "KB"},  {"byte * 2^10", "KiB"}, {"byte", "bytes"},
+    {"Blocks", "blocks"}, {"minute", "minutes"},  {"second * 10^-9", "ns"},
+};
+
+bool isAddress(const std::string& className, const std::string& name)
+{
+    return className == "QORTAL_BIOS" && (name == "LoadedStartingAddress" || name == "LoadedEndingAddress");
+}
+
+bool isUnknownWhenZero(const std::string& className, const std::string& name)
+{
+    return className == "QORTAL_CacheMemory" && name == "CacheSpeed";
+}
+
+std::string hexadecimal(std::uint64_t number)
+{
+    char text[19];
+    std::snprintf(text, sizeof text, "0x%llX", static_cast<unsigned long long>(number));
+    return text;
+}
+
+bool allDigits(const std::string& text)
+{
+    return std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
+}
+}
+
+std::string unitOf(const std::string& className, const std::string& property)
+{
+    const SchemaProperty* known = schemaProperty(className, property);
+    if (!known)
+        return "";
+    const auto found = UnitTexts.find(known->unit);
+    return found == UnitTexts.end() ? known->unit : found->second;
+}
+
+std::string meaningOf(const std::string& className, const std::string& property, std::uint64_t value)
+{
+    if (isAddress(className, property))
+        return hexadecimal(value);
+    if (isUnknownWhenZero(className, property))
+        return value == 0 ? "unknown" : "";
+    const SchemaProperty* known = schemaProperty(className, property);
+    if (!known)
+        return "";
+    for (const SchemaCode& code : known->codes)
+        if (code.code == value)
+            return code.text;
+    return known->otherwise;
+}
+
+std::string readableDateTime(const std::string& cimText)
+{
+    // yyyymmddhhmmss.mmmmmmsutc; an interval has a colon in place of the sign.
+    constexpr std::size_t Length = 25;
+    if (cimText.size() != Length || cimText[21] == ':' || !allDigits(cimText.substr(0, 8)))
+        return "";
+    std::string text = cimText.substr(0, 4) + "-" + cimText.substr(4, 2) + "-" + cimText.substr(6, 2);
+    if (!allDigits(cimText.substr(8, 6)) || !allDigits(cimText.substr(22)))
+        return text;
+    text += " " + cimText.substr(8, 2) + ":" + cimText.substr(10, 2) + ":" + cimText.substr(12, 2);
+    const int offset = std::stoi(cimText.substr(22));
+    char zone[16];
+    std::snprintf(zone, sizeof zone, " %c%02d:%02d", cimText[21], offset / 60, offset % 60);
+    return text + zone;
+}
+
+}
