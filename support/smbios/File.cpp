@@ -101,9 +101,9 @@ Buffer File::readAt(std::uint64_t offset, std::size_t size)
             continue;
         if (got < 0 && errno == EFAULT && copyMapped(_descriptor, offset, bytes))
             return bytes;
-        if (got <= 0 && used == 0)
+        if (got < 0 || (got == 0 && used == 0))
             fail("cannot read", got < 0 ? errno : ENODATA);
-        if (got <= 0)
+        if (got == 0)
             break;
         used += static_cast<std::size_t>(got);
     }

@@ -36,8 +36,8 @@ public:
     /// The rest of the file but no more than `most` bytes, however small the answers of `read` are. Throws SmBiosError.
     Buffer readAll(std::size_t most = std::numeric_limits<std::size_t>::max());
 
-    /// Up to `size` bytes from `offset`: fewer where the file ends or stops being readable. Throws SmBiosError when
-    /// not a single byte can be read.
+    /// Up to `size` bytes from `offset`: fewer where the file ends. Throws SmBiosError when one of them can't be read,
+    /// and when the file ends before the first.
     Buffer readAt(std::uint64_t offset, std::size_t size);
 
     /// Throws an SmBiosError about this file with the text of an errno value.

@@ -79,7 +79,10 @@ RawTables readHostTables(const HostPaths& paths)
     if (doesNotExist(paths.tablesDirectory))
         return readMemory(paths.memoryDevice);
     const std::string entryPoint = paths.tablesDirectory + "/smbios_entry_point";
-    return {entryPoint, readFile(entryPoint), readFile(paths.tablesDirectory + "/DMI")};
+    RawTables raw{entryPoint, readFile(entryPoint), {}};
+    parseEntryPoint(raw); // an empty file is an error here, while an empty entry point is a machine without SMBIOS
+    raw.structures = readFile(paths.tablesDirectory + "/DMI");
+    return raw;
 }
 
 }

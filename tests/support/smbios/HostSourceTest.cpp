@@ -377,6 +377,14 @@ TEST_F(Sysfs, WhatIsNoEntryPointIsAnErrorThatTellsTheFile)
                   "(5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) of an intact entry point, found 6E 6F 6E 65");
 }
 
+TEST_F(Sysfs, EmptyEntryPointIsAnErrorAndNotAMachineWithoutSmbios)
+{
+    offer({}, smallTable().structures());
+    EXPECT_EQ(errorText(), entryPointFile() + ": no SMBIOS entry point: expected the bytes \"_SM3_\" (5F 53 4D 33 5F), "
+                                              "\"_SM_\" (5F 53 4D 5F) or \"_DMI_\" (5F 44 4D 49 5F) of an intact "
+                                              "entry point, found nothing");
+}
+
 TEST_F(Memory, EntryPointLeadsToTheTable)
 {
     placeSmallTable();
@@ -626,6 +634,38 @@ TEST_F(Memory, TableThatCanNeitherBeReadNorMappedIsAnError)
     platform.preadErrorFrom = 0x100000;
     platform.mmapError = EPERM;
     EXPECT_EQ(errorText(), "cannot read " + hostPaths.memoryDevice + ": Operation not permitted" + MemoryAdvice);
+}
+
+TEST_F(Memory, ErrorAfterTheFirstByteOfTheTableIsAnErrorToo)
+{
+    place(0x110000, tableOfSize(8192));
+    place(0xF1230, entryPoint32(0x110000, 8192, 1));
+    offer();
+    for (const int error : {EIO, EPERM, EFAULT}) {
+        Platform platform;
+        platform.preadError = error;
+        platform.preadErrorFrom = 0x111000; // one page into the table
+        platform.mmapError = EPERM;
+        platform.largestAnswer = 4096;
+        const bool wantsRights = error != EIO; // the mapping that stands in for EFAULT is refused with EPERM
+        EXPECT_EQ(errorText(),
+                  "cannot read " + hostPaths.memoryDevice +
+                      (wantsRights ? std::string(": Operation not permitted") + MemoryAdvice : ": Input/output error"));
+    }
+}
+
+TEST_F(Memory, ErrorWithinTheAreaIsNotAMachineWithoutSmbios)
+{
+    placeSmallTable();
+    offer();
+    for (const int error : {EIO, EPERM, EFAULT}) {
+        Platform platform;
+        platform.preadError = error;
+        platform.preadErrorFrom = AreaAddress + 0x1000;
+        platform.mmapError = EPERM;
+        platform.largestAnswer = 4096;
+        EXPECT_NE(errorText(), "no error") << error;
+    }
 }
 
 TEST_F(Memory, EveryErrorIsARuntimeError)
