@@ -17,6 +17,19 @@ namespace
 {
 constexpr std::size_t PageSize = 4096;
 
+// The most memory that is taken because a file system says so, before the bytes have come.
+constexpr std::uint64_t LargestGuess = 1u << 20;
+
+int openForReading(const char* path)
+{
+    int descriptor = -1;
+    do
+        // Without waiting: the other end of a pipe may never come.
+        descriptor = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    while (descriptor < 0 && errno == EINTR);
+    return descriptor;
+}
+
 // Physical memory above the kernel's own mapping can't be read on a 32-bit kernel, but it can be mapped.
 bool copyMapped(int descriptor, std::uint64_t offset, Buffer& bytes)
 {
@@ -32,9 +45,7 @@ bool copyMapped(int descriptor, std::uint64_t offset, Buffer& bytes)
 }
 
 File::File(const std::string& path, const std::string& advice)
-    // Without waiting: the other end of a pipe may never come.
-    : _path(path), _advice(advice), _descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)),
-      _error(_descriptor < 0 ? errno : 0)
+    : _path(path), _advice(advice), _descriptor(openForReading(path.c_str())), _error(_descriptor < 0 ? errno : 0)
 {
 }
 
@@ -75,7 +86,7 @@ void File::seek(std::uint64_t offset)
 Buffer File::readAll(std::size_t most)
 {
     Buffer bytes;
-    bytes.reserve(std::min(most, static_cast<std::size_t>(size()) + PageSize));
+    bytes.reserve(std::min(most, static_cast<std::size_t>(std::min(size(), LargestGuess)) + PageSize));
     for (std::size_t used = 0;;) {
         bytes.resize(std::min(most, std::max(bytes.capacity(), used + PageSize)));
         const ssize_t got = read(_descriptor, bytes.data() + used, bytes.size() - used);

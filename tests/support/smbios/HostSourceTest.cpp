@@ -385,6 +385,24 @@ TEST_F(Sysfs, EmptyEntryPointIsAnErrorAndNotAMachineWithoutSmbios)
                                               "entry point, found nothing");
 }
 
+TEST_F(Sysfs, InterruptedOpeningIsTriedAgain)
+{
+    offerSmallTable();
+    Platform platform;
+    platform.interruptedOpens = 2;
+    EXPECT_EQ(SmBios().getTables().size(), 2u);
+    EXPECT_EQ(platform.opened.size(), 4u);
+}
+
+TEST_F(Sysfs, SizeThatTheFileSystemClaimsIsNotAllocatedBeforeTheBytesCome)
+{
+    offerSmallTable();
+    Platform platform;
+    platform.claimedSize = std::uint64_t{2} << 40;
+    EXPECT_EQ(SmBios().getTables().size(), 2u);
+    EXPECT_LE(platform.largestRead, 2u << 20);
+}
+
 TEST_F(Memory, EntryPointLeadsToTheTable)
 {
     placeSmallTable();

@@ -6,6 +6,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -52,8 +53,14 @@ int open(const char* path, int flags, ...)
     va_start(arguments, flags);
     const int mode = flags & O_CREAT ? va_arg(arguments, int) : 0;
     va_end(arguments);
-    if (asked)
+    if (asked) {
         asked->opened.emplace_back(path);
+        if (asked->interruptedOpens > 0) {
+            --asked->interruptedOpens;
+            errno = EINTR;
+            return -1;
+        }
+    }
     static const auto real = next<int (*)(const char*, int, ...)>("open64");
     return real(path, flags, mode);
 }
@@ -67,6 +74,7 @@ ssize_t read(int descriptor, void* buffer, size_t size)
         return failWith(asked->readError);
     if (interrupts())
         return failWith(EINTR);
+    asked->largestRead = std::max(asked->largestRead, size);
     const ssize_t got = real(descriptor, buffer, std::min(size, asked->largestAnswer));
     if (got >= 0)
         asked->reads.push_back(static_cast<std::size_t>(got));
@@ -84,6 +92,15 @@ ssize_t pread(int descriptor, void* buffer, size_t size, off_t offset)
     if (interrupts())
         return failWith(EINTR);
     return real(descriptor, buffer, std::min(size, asked->largestAnswer), offset);
+}
+
+int fstat(int descriptor, struct stat* status) noexcept
+{
+    static const auto real = next<int (*)(int, struct stat*)>("fstat64");
+    const int result = real(descriptor, status);
+    if (asked && asked->claimedSize > 0)
+        status->st_size = static_cast<off_t>(asked->claimedSize);
+    return result;
 }
 
 void* mmap(void* address, size_t length, int protection, int flags, int descriptor, off_t offset) noexcept

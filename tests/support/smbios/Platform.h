@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,10 @@ public:
     int preadError = 0;                                       ///< errno of every `pread`
     std::size_t preadErrorFrom = 0;                           ///< but from this offset on only
     int mmapError = 0;                                        ///< errno of every `mmap`
+    int interruptedOpens = 0;                                 ///< so many calls of `open` fail with EINTR
+    std::uint64_t claimedSize = 0;                            ///< what `fstat` says, where it is not 0
 
+    std::size_t largestRead = 0;     ///< the most that a `read` asked for, in bytes
     std::vector<std::size_t> reads;  ///< the answers of `read`, in bytes
     std::vector<std::size_t> wanted; ///< what each `pread` asked for, in bytes
     std::vector<std::string> opened; ///< files, in order
