@@ -71,6 +71,30 @@ template <class Function> Function functionAt(Entry entry)
     return reinterpret_cast<Function>(ipmiintStruct[entry].function);
 }
 
+// The library, open until the end of the scope, and a session with the BMC: both are given back however the reading
+// ends.
+struct OpenLink
+{
+    OpenLink() = default;
+    ~OpenLink() { closeInterfaceLink(); }
+    OpenLink(const OpenLink&) = delete;
+    OpenLink& operator=(const OpenLink&) = delete;
+};
+
+struct OpenSession
+{
+    OpenSession() : handle(functionAt<OpenLocalFunction>(OpenLocal)()) {}
+    ~OpenSession()
+    {
+        if (handle != 0)
+            functionAt<CloseFunction>(Close)(handle);
+    }
+    OpenSession(const OpenSession&) = delete;
+    OpenSession& operator=(const OpenSession&) = delete;
+
+    const Session handle;
+};
+
 Firmware describe(const BmcIdentity& identity)
 {
     Firmware firmware;
@@ -133,16 +157,13 @@ std::vector<Firmware> getIpmiFirmwareInstances()
     std::vector<Firmware> firmwares;
     if (!openInterfaceLink(IPMILib, ipmiintStruct, EntryCount))
         return firmwares; // a library that lacks a function stays open, as openInterfaceLink says
-    const Session session = functionAt<OpenLocalFunction>(OpenLocal)();
-    if (session == 0) {
-        closeInterfaceLink();
+    const OpenLink link;
+    const OpenSession session;
+    if (session.handle == 0)
         return firmwares;
-    }
     BmcIdentity identity;
-    if (functionAt<BmcGetFunction>(BmcGet)(session, identity.bytes) == 0)
+    if (functionAt<BmcGetFunction>(BmcGet)(session.handle, identity.bytes) == 0)
         firmwares.push_back(describe(identity));
-    functionAt<CloseFunction>(Close)(session);
-    closeInterfaceLink();
     return firmwares;
 }
 

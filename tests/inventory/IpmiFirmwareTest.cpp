@@ -461,11 +461,19 @@ TEST_F(IpmiFirmware, ThatCannotBeDescribedIsAFailureOfTheList)
 {
     LoadedStandIn standIn("whole");
     setIdentity(*standIn, 2, 3, 9, 9);
-    EXPECT_THROW(VQ::getIpmiFirmwareInstances(), std::runtime_error);
     EXPECT_THROW(VQ::GetFirmwareInstances(), std::runtime_error);
     RecordingInstanceHandler handler;
     EXPECT_THROW(TestProvider().enumerate(pathOf("QORTAL_BIOS"), handler), std::runtime_error);
     EXPECT_EQ(handler.calls, (Lines{"processing", "instance"}));
+}
+
+TEST_F(IpmiFirmware, ThatCannotBeDescribedLeavesNeitherSessionNorLibraryOpen)
+{
+    LoadedStandIn standIn("whole");
+    setIdentity(*standIn, 2, 3, 9, 9);
+    EXPECT_THROW(VQ::getIpmiFirmwareInstances(), std::runtime_error);
+    EXPECT_STREQ(standIn->calls, "ogc");
+    EXPECT_FALSE(standIn.staysOpenByItself());
 }
 
 TEST_F(IpmiFirmware, NeedsNoFunctionOfTheLibraryThatIsNotCalled)
