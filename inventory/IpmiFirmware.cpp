@@ -1,5 +1,6 @@
 #include "inventory/IpmiFirmware.h"
 
+#include "support/common/DynamicLibrary.h"
 #include "support/common/Text.h"
 
 #include <array>
@@ -109,7 +110,7 @@ Firmware describe(const BmcIdentity& identity)
 
 int openInterfaceLink(char* library, interfaceStruct* table, int count)
 {
-    hLib = dlopen(library, RTLD_LAZY);
+    hLib = openLibrary(library);
     if (!hLib)
         return 0;
     for (int i = 0; i < count; ++i) {

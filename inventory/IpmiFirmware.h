@@ -27,6 +27,7 @@ extern interfaceStruct ipmiintStruct[3];
 
 /// Opens the library (`dlopen`, lazily bound) and fills the `count` entries of the table. 1 on success. 0 when the
 /// library can't be loaded, or at the first function that it lacks; it then stays open and earlier entries stay filled.
+/// Throws std::bad_alloc where it can't be loaded for lack of memory.
 int openInterfaceLink(char* library, interfaceStruct* table, int count);
 
 /// Closes the library, if one is open.

@@ -2,10 +2,21 @@
 
 #include "support/common/Text.h"
 
+#include <cerrno>
 #include <dlfcn.h>
+#include <new>
 
 namespace VQ
 {
+
+void* openLibrary(const char* path)
+{
+    errno = 0; // the loader's text does not always tell that memory lacked, and never in words one could rely on
+    void* library = dlopen(path, RTLD_LAZY);
+    if (!library && errno == ENOMEM)
+        throw std::bad_alloc();
+    return library;
+}
 
 DynamicLibrary::DynamicLibrary(const std::wstring& path) : _path(path) {}
 
@@ -17,7 +28,7 @@ DynamicLibrary::~DynamicLibrary()
 bool DynamicLibrary::load()
 {
     if (!_handle)
-        _handle = dlopen(make_string(_path).c_str(), RTLD_LAZY);
+        _handle = openLibrary(make_string(_path).c_str());
     return _handle != nullptr;
 }
 

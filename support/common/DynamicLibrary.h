@@ -7,6 +7,11 @@
 namespace VQ
 {
 
+/// Loads a library that may be absent (`dlopen`, lazily bound): null where it is, and on any other failure but lack of
+/// memory, which throws std::bad_alloc. An absent library is a fact of the machine; one that only could not be loaded
+/// just now would be a wrong answer. The caller releases it by `dlclose`.
+VQ_EXPORT void* openLibrary(const char* path);
+
 /// One optional shared library, loaded on demand and owned until `unload` or destruction. Not for sharing between
 /// threads.
 class VQ_EXPORT DynamicLibrary
@@ -19,7 +24,8 @@ public:
     DynamicLibrary(const DynamicLibrary&) = delete;
     DynamicLibrary& operator=(const DynamicLibrary&) = delete;
 
-    /// Loads the library (`dlopen`). False on any failure, a missing file among them; never throws for one.
+    /// Loads the library (`dlopen`). False on any failure, a missing file among them, but std::bad_alloc for lack of
+    /// memory.
     bool load();
 
     /// The address of an exported symbol (`dlsym`), or null when it is absent or the library is not loaded.

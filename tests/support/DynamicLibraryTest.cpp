@@ -2,11 +2,13 @@
 
 #include "tests/testing/ServedTable.h"
 
+#include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <new>
 #include <string>
 #include <unistd.h>
 
@@ -35,6 +37,22 @@ bool isLoaded()
     return handle != nullptr;
 }
 
+bool memoryLacks = false;
+}
+
+// In place of the C library's, for the support library too: as it is where the loader gets no memory.
+extern "C" __attribute__((visibility("default"))) void* dlopen(const char* file, int mode) noexcept
+{
+    using Open = void* (*)(const char*, int);
+    static const auto next = reinterpret_cast<Open>(dlsym(RTLD_NEXT, "dlopen"));
+    if (!memoryLacks)
+        return next(file, mode);
+    errno = ENOMEM;
+    return nullptr;
+}
+
+namespace
+{
 // While it lives, another directory is the working directory.
 class WorkingDirectory
 {
@@ -157,6 +175,23 @@ TEST(DynamicLibrary, DirectoryIsNotLoaded)
 {
     DynamicLibrary library(wide(testing::TempDir()));
     EXPECT_FALSE(library.load());
+}
+
+TEST(DynamicLibrary, LackOfMemoryIsNoMissingFile)
+{
+    DynamicLibrary library(libraryPath());
+    memoryLacks = true;
+    EXPECT_THROW(library.load(), std::bad_alloc);
+    EXPECT_THROW(VQ::openLibrary(Library.c_str()), std::bad_alloc);
+    memoryLacks = false;
+    EXPECT_FALSE(isLoaded());
+    EXPECT_TRUE(library.load());
+}
+
+TEST(DynamicLibrary, MissingFileIsNoLackOfMemoryWhateverFailedBefore)
+{
+    errno = ENOMEM;
+    EXPECT_FALSE(DynamicLibrary(L"/no/such/directory/libmissing.so").load());
 }
 
 TEST(DynamicLibrary, PathWithASlashIsRelativeToTheWorkingDirectory)
