@@ -47,6 +47,11 @@ install(FILES ${_legal} ${CMAKE_SOURCE_DIR}/docs/admin.md ${CMAKE_SOURCE_DIR}/do
     ${CMAKE_SOURCE_DIR}/docs/security.md
     DESTINATION ${VQ_INSTALL_DOC_DIR})
 install(FILES ${_legal} DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR} COMPONENT development)
+foreach(_component ${VQ_COMPANION_COMPONENTS})
+    set(_dir ${CMAKE_INSTALL_DATAROOTDIR}/doc/systemprovider-${_component})
+    install(FILES ${_legal} DESTINATION ${_dir} COMPONENT ${_component})
+    vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${_dir} ${_component})
+endforeach()
 install(FILES ${CMAKE_SOURCE_DIR}/examples/flat_inventory.c
     DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR}/examples COMPONENT development)
 install(FILES ${CMAKE_SOURCE_DIR}/completions/vq-register ${CMAKE_SOURCE_DIR}/completions/vqinventory

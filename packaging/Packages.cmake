@@ -1,5 +1,5 @@
-# Packages of the build (VQ_PACKAGES): `cpack -G DEB` and `cpack -G RPM` in the build directory, each the package itself
-# and one of what programs of others are made with. The paths of the package are those that
+# Packages of the build (VQ_PACKAGES): `cpack -G DEB` and `cpack -G RPM` in the build directory, each the package itself,
+# one of what programs of others are made with, and one for each optional library. The paths of the package are those that
 # the build was configured with (CMAKE_INSTALL_PREFIX, VQ_INSTALL_MODULE_DIR, VQ_INSTALL_SCHEMA_DIR,
 # VQ_INSTALL_DOC_DIR and GNUInstallDirs' own), because the module and vq-register hold them.
 if(NOT VQ_PACKAGES)
@@ -19,7 +19,7 @@ set(CPACK_PACKAGE_CONTACT "${VQ_PACKAGE_CONTACT}")
 set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_SOURCE_DIR}/LICENSE)
-set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_COMPONENTS_ALL runtime development ${VQ_COMPANION_COMPONENTS})
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_VERBATIM_VARIABLES ON)
 # Each package has a summary of its own; this text of CPack's is the only one that it does not put before it.
@@ -47,6 +47,15 @@ set(_development_summary "headers and an example for programs that use ${VQ_PACK
 set(_development_description "The flat interface of the SystemProvider module hands the inventory of a machine
 to programs without a CIM server. This package holds its headers and a C program
 that uses it.")
+
+set(_ipmi_summary "the BMC's firmware in the inventory of SystemProvider")
+set(_ipmi_description "A library that asks the baseboard management controller of a machine who it is, by
+the Linux kernel's IPMI driver. The SystemProvider module finds it where it is
+installed, and then lists the BMC's firmware with the BIOS.")
+set(_xen_summary "Xen guests in the inventory of SystemProvider")
+set(_xen_description "A library that tells whether a system is a domain of the Xen hypervisor. The
+SystemProvider module finds it where it is installed, and then reports a Xen
+guest as such.")
 
 # What no packaged file may hold: a person who can create such a path on a target would choose what root runs there.
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/CheckFiles.cmake)

@@ -21,3 +21,12 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${VQ_PACKAGE_NAME} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_CONFLICTS ${VQ_PACKAGE_OTHER_NAME}-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${_development_summary}\n${_development_description}")
+
+# The module looks for the library of Xen in one place, whatever the width: packages of both widths can't be installed together.
+foreach(_component ${VQ_COMPANION_COMPONENTS})
+    string(TOUPPER ${_component} _name)
+    set(CPACK_DEBIAN_${_name}_PACKAGE_NAME systemprovider-${_component})
+    set(CPACK_DEBIAN_${_name}_PACKAGE_SECTION admin)
+    set(CPACK_DEBIAN_${_name}_PACKAGE_DEPENDS "libc6 (>= ${_glibc}), systemprovider | systemprovider-standalone")
+    set(CPACK_DEBIAN_${_name}_DESCRIPTION "${_${_component}_summary}\n${_${_component}_description}")
+endforeach()

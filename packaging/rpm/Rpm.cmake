@@ -34,12 +34,20 @@ list(TRANSFORM _needed APPEND "${_mark}")
 list(JOIN _needed ", " _needed)
 set(CPACK_RPM_RUNTIME_PACKAGE_REQUIRES "/usr/bin/timeout, bash, ${_needed}")
 
+foreach(_component ${VQ_COMPANION_COMPONENTS})
+    string(TOUPPER ${_component} _name)
+    set(CPACK_RPM_${_name}_PACKAGE_NAME systemprovider-${_component})
+    set(CPACK_RPM_${_name}_PACKAGE_SUMMARY "${_${_component}_summary}")
+    set(CPACK_RPM_${_name}_PACKAGE_DESCRIPTION "${_${_component}_description}")
+    set(CPACK_RPM_${_name}_PACKAGE_REQUIRES "(systemprovider or systemprovider-standalone), libc.so.6${_mark}")
+endforeach()
+
 # The module's libraries are nobody else's.
 set(CPACK_RPM_SPEC_MORE_DEFINE "%global _build_id_links none
-%global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/${VQ_INSTALL_MODULE_DIR}/.*$
+%global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/(${VQ_INSTALL_MODULE_DIR}|${VQ_INSTALL_PROBE_DIR})/.*$
 %global __requires_exclude ^lib(vq[a-z]+|SystemProvider)[.]so.*$")
 # Directories of the system, which other packages own.
-foreach(_dir ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_SBINDIR} ${CMAKE_INSTALL_INCLUDEDIR}
+foreach(_dir lib ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_SBINDIR} ${CMAKE_INSTALL_INCLUDEDIR}
         ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_DATAROOTDIR}/doc ${CMAKE_INSTALL_MANDIR}
         ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_MANDIR}/man8
         ${CMAKE_INSTALL_DATADIR}/bash-completion ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)

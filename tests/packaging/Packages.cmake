@@ -19,6 +19,8 @@ sbin='@CMAKE_INSTALL_FULL_SBINDIR@'
 include='@CMAKE_INSTALL_FULL_INCLUDEDIR@'
 man='@CMAKE_INSTALL_FULL_MANDIR@'
 module_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_MODULE_DIR@'
+probe_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_PROBE_DIR@'
+share_doc='@CMAKE_INSTALL_FULL_DATAROOTDIR@/doc'
 schema_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_SCHEMA_DIR@'
 doc_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_DOC_DIR@'
 completion_dir='@CMAKE_INSTALL_FULL_DATADIR@/bash-completion/completions'
@@ -40,6 +42,8 @@ vq_package_test(deb_contents FIXTURES_REQUIRED deb)
 vq_package_test(deb_scripts FIXTURES_REQUIRED deb)
 vq_package_test(deb_installation FIXTURES_REQUIRED deb)
 vq_package_test(development FIXTURES_REQUIRED deb)
+vq_package_test(companions FIXTURES_REQUIRED deb)
+vq_package_test(companions_installation FIXTURES_REQUIRED deb)
 vq_package_test(rpm RESOURCE_LOCK cpack)
 vq_package_test(check_files RESOURCE_LOCK cpack)
 vq_package_test(maintainer)

@@ -1,16 +1,26 @@
 #include "tests/server/Clients.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
+#include <sys/wait.h>
 
 namespace
 {
+std::string quotedForShell(const std::string& word)
+{
+    std::string quoted = "'";
+    for (const char c : word)
+        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return quoted + "'";
+}
+
 std::string outputOf(const std::vector<std::string>& command)
 {
-    Outcome answer = runProgram(command);
+    Answer answer = run(command);
     if (answer.exitCode != 0)
         throw std::runtime_error(command.front() + " ended with " + std::to_string(answer.exitCode) + ": " +
                                  answer.output);
@@ -201,9 +211,21 @@ std::string shown(const std::vector<Instance>& instances)
     return text;
 }
 
-Outcome runProgram(const std::vector<std::string>& command)
+Answer run(const std::vector<std::string>& command)
 {
-    return run("exec " + shellLine(command) + " 2>&1");
+    std::string line;
+    for (const std::string& word : command)
+        line += quotedForShell(word) + " ";
+    std::FILE* const pipe = popen((line + "2>&1").c_str(), "r");
+    if (pipe == nullptr)
+        throw std::runtime_error("cannot run " + line);
+    Answer answer;
+    char buffer[4096];
+    for (std::size_t size = 0; (size = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
+        answer.output.append(buffer, size);
+    const int status = pclose(pipe);
+    answer.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return answer;
 }
 
 std::string setting(const char* name)
@@ -240,10 +262,10 @@ std::vector<std::string> expectedPaths(const std::string& className)
     return inventory({"names", className}).at(className).get<std::vector<std::string>>();
 }
 
-Outcome CimCli::ask(std::vector<std::string> command)
+Answer CimCli::ask(std::vector<std::string> command)
 {
     command.insert(command.begin(), {"cimcli", "-l", "localhost:" + setting("VQ_PORT")});
-    return runProgram(command);
+    return run(command);
 }
 
 std::vector<Instance> CimCli::instances(const std::string& className)
@@ -266,11 +288,11 @@ std::vector<Instance> CimCli::get(const std::string& path)
     return instances;
 }
 
-Outcome WbemCli::ask(const std::string& operation, const std::string& object, const std::vector<std::string>& further)
+Answer WbemCli::ask(const std::string& operation, const std::string& object, const std::vector<std::string>& further)
 {
     std::vector<std::string> command = {"wbemcli", "-nl", operation, "http://" + wbemAddress() + object};
     command.insert(command.end(), further.begin(), further.end());
-    return runProgram(command);
+    return run(command);
 }
 
 std::vector<Instance> WbemCli::instances(const std::string& className)

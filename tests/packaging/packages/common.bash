@@ -37,6 +37,8 @@ if [ "$cim_library" = openpegasus ]; then package=systemprovider; else package=s
 if [ "$pointer_size" = 4 ]; then deb_architecture=i386 rpm_architecture=i686; else deb_architecture=amd64 rpm_architecture=x86_64; fi
 deb=$package_dir/${package}_${version}_$deb_architecture.deb
 development_deb=$package_dir/$package-dev_${version}_$deb_architecture.deb
+ipmi_deb=$package_dir/systemprovider-ipmi_${version}_$deb_architecture.deb
+xen_deb=$package_dir/systemprovider-xen_${version}_$deb_architecture.deb
 
 # The files of a package, sorted.
 expected_files()
@@ -90,6 +92,41 @@ $doc_dir-dev/copyright
 $doc_dir-dev/examples/flat_inventory.c
 END
 }
+
+# expected_companion_files ipmi|xen
+expected_companion_files()
+{
+    {
+        if [ "$1" = ipmi ]; then echo "$module_dir/libqoripmi.so"; else echo "$probe_dir/libqorxenprobe.so"; fi
+        printf '%s\n' "$share_doc/systemprovider-$1"/{LICENSE,changelog.gz,copyright}
+    } | sort
+}
+
+# Makes the machine's directories writable without changing them, in a mount namespace of its own with $scratch for what is
+# written. Call it as `in_namespace "$@"` with the test's own arguments; skips where the machine has no such thing.
+in_namespace()
+{
+    if [ "${2-}" != in-namespace ]; then
+        command -v dpkg >/dev/null || skip "dpkg is not installed"
+        [ "$(id -u)" -eq 0 ] || skip "needs root, to install with dpkg in a mount namespace of its own"
+        unshare --mount true 2>"$scratch/why" || skip "no mount namespace: $(cat "$scratch/why")"
+        rm -rf "$scratch"
+        trap - EXIT
+        exec unshare --mount --propagation private bash "$0" "$1" in-namespace
+    fi
+    # The space for everything that is written; the machine's directories are the lower layers.
+    mount -t tmpfs none "$scratch"
+    trap 'umount -l "$scratch"; rmdir "$scratch"' EXIT
+    local dir
+    for dir in /usr /etc /var /opt; do
+        mkdir -p "$scratch/layers$dir/upper" "$scratch/layers$dir/work"
+        mount -t overlay overlay -o "lowerdir=$dir,upperdir=$scratch/layers$dir/upper,workdir=$scratch/layers$dir/work" "$dir" \
+            2>"$scratch/why" || skip "no overlay over $dir: $(cat "$scratch/why")"
+    done
+}
+
+# The packages of this width need not be installed here, and the width need not be this machine's own.
+dpkg_quietly() { dpkg --force-depends --force-architecture --no-triggers "$@" >"$scratch/dpkg.log" 2>&1; }
 
 # A stand-in for vq-register that notes how it is called and ends with exit code $1; in a directory that is printed.
 stub_vq_register()

@@ -2,23 +2,7 @@
 # namespace over the machine's file system, which is itself untouched, and with a server that is only its commands.
 . "$(dirname "$0")/common.bash"
 
-if [ "${2-}" != in-namespace ]; then
-    command -v dpkg >/dev/null || skip "dpkg is not installed"
-    [ "$(id -u)" -eq 0 ] || skip "needs root, to install with dpkg in a mount namespace of its own"
-    unshare --mount true 2>"$scratch/why" || skip "no mount namespace: $(cat "$scratch/why")"
-    rm -rf "$scratch"
-    trap - EXIT
-    exec unshare --mount --propagation private bash "$0" "$1" in-namespace
-fi
-
-# The space for everything that is written; the machine's directories are the lower layers.
-mount -t tmpfs none "$scratch"
-trap 'umount -l "$scratch"; rmdir "$scratch"' EXIT
-for dir in /usr /etc /var /opt; do
-    mkdir -p "$scratch/layers$dir/upper" "$scratch/layers$dir/work"
-    mount -t overlay overlay -o "lowerdir=$dir,upperdir=$scratch/layers$dir/upper,workdir=$scratch/layers$dir/work" "$dir" \
-        2>"$scratch/why" || skip "no overlay over $dir: $(cat "$scratch/why")"
-done
+in_namespace "$@"
 
 # A server that is only its commands, in bin, and lets nobody in but whom it is told to.
 server=$scratch/server
@@ -44,8 +28,6 @@ files()
     (cd "$scratch/layers" && find ./*/upper \( -path ./var/upper/lib/dpkg -o -path ./var/upper/log/dpkg.log \) -prune \
         -o ! -type d -printf '%y %m %s %p %l\n' | sort)
 }
-# The packages of this width need not be installed here, and the width need not be this machine's own.
-dpkg_quietly() { dpkg --force-depends --force-architecture --no-triggers "$@" >"$scratch/dpkg.log" 2>&1; }
 
 if [ "$cim_library" = openpegasus ]; then all_known=11; else all_known=0; fi
 dpkg_quietly --purge systemprovider systemprovider-standalone || true

@@ -7,7 +7,9 @@ rm -f "$package_dir"/*.rpm
 rpm=$package_dir/$package-$version-1.$rpm_architecture.rpm
 cp "$scratch"/*.rpm "$package_dir"
 development_rpm=$package_dir/$package-devel-$version-1.$rpm_architecture.rpm
-check "the packages' names" "$(printf '%s\n' "$rpm" "$development_rpm" | sort)" "$(find "$package_dir" -name '*.rpm' | sort)"
+ipmi_rpm=$package_dir/systemprovider-ipmi-$version-1.$rpm_architecture.rpm
+xen_rpm=$package_dir/systemprovider-xen-$version-1.$rpm_architecture.rpm
+check "the packages' names" "$(printf '%s\n' "$rpm" "$development_rpm" "$ipmi_rpm" "$xen_rpm" | sort)" "$(find "$package_dir" -name '*.rpm' | sort)"
 
 query() { rpm -qp "$@" "${of-$rpm}" 2>/dev/null; }
 check "files" "$(expected_files)" "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^-[rwx-]* //p' | sort)"
@@ -25,10 +27,24 @@ check "directories for development" "$(printf '%s\n' "$doc_dir-dev" "$doc_dir-de
 check "what development needs" "$package = $version" "$(query --requires | grep -v '^rpmlib')"
 check "licence" MIT "$(query --qf '%{LICENSE}')"
 check "scripts of development" "(none)(none)" "$(query --qf '%{POSTIN}%{PREUN}')"
+if [ "$pointer_size" = 4 ]; then mark=; else mark='()(64bit)'; fi
+for library in ipmi xen; do
+    if [ $library = ipmi ]; then of=$ipmi_rpm; else of=$xen_rpm; fi
+    check "files of $library" "$(expected_companion_files $library)" \
+        "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^-[rwx-]* //p' | sort)"
+    directories=$share_doc/systemprovider-$library
+    [ $library = xen ] || directories="$module_dir
+$directories"
+    check "directories of $library" "$(sort <<<"$directories")" \
+        "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^d[rwx-]* //p' | sort)"
+    check "what $library needs" "(systemprovider or systemprovider-standalone)
+libc.so.6$mark" "$(query --requires | grep -vE "^(rpmlib|rtld)|GLIBC_" | sort -u)"
+    check "what $library offers" "" "$(query --provides | grep -E '^lib' || true)"
+    check "scripts of $library" "(none)(none)" "$(query --qf '%{POSTIN}%{PREUN}')"
+done
 unset of
 check "no library of the package is offered to others" "" "$(query --provides | grep -E '^lib' || true)"
 check "no library of the package is asked of others" "" "$(query --requires | grep -E '^lib(vq|System)' || true)"
-if [ "$pointer_size" = 4 ]; then mark=; else mark='()(64bit)'; fi
 libraries="libc.so.6$mark libgcc_s.so.1$mark libstdc++.so.6$mark"
 [ "$cim_library" != openpegasus ] || libraries="libc.so.6$mark libgcc_s.so.1$mark libpegcommon.so.1$mark libpegprovider.so.1$mark libstdc++.so.6$mark"
 check "libraries of others" "$libraries" "$(query --requires | grep -E '^lib[^(]*(\(\)\(64bit\))?$' | sort -u | tr '\n' ' ' | sed 's/ $//')"

@@ -1,4 +1,4 @@
-#include "tests/server/ServerProcesses.h"
+#include "tests/server/Process.h"
 
 #include <algorithm>
 #include <cctype>
