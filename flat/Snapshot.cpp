@@ -1,8 +1,21 @@
 #include "flat/Snapshot.h"
 
+namespace
+{
+// What is thrown while a library is loaded can be caught by nobody, and the process would end. `init` asks again.
+VQ::ComputerSystem systemAtLoading() noexcept
+{
+    try {
+        return VQ::ComputerSystem();
+    } catch (...) {
+        return VQ::ComputerSystem(VQ::ComputerSystem::NotAsked());
+    }
+}
+}
+
 // Constructed in this order when the module is loaded, destroyed in reverse order when it is unloaded. They stand in
 // one file because only that fixes an order.
-VQ::ComputerSystem cs;
+VQ::ComputerSystem cs = systemAtLoading();
 std::vector<VQ::BaseBoard> bb;
 VQ::Bios bios;
 std::vector<VQ::Cache> caches;

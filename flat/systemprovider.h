@@ -10,7 +10,8 @@
 /// thread uses an accessor. `getBiosReleaseDate`, `Reboot` and `Shutdown` write a line to standard output.
 ///
 /// Loading. One thing happens when the module is loaded, before any call: the virtualization probe library
-/// "../lib/libqorxenprobe.so" is asked, where there is one. Nothing else is read. That path is relative to the working
+/// "../lib/libqorxenprobe.so" is asked, where there is one; without the memory for it, `init` is the first to ask.
+/// Nothing else is read. That path is relative to the working
 /// directory, and `init`, `getCSModel` and other calls follow it again: a program that works in a directory beside
 /// which others may write runs their code. Call `chdir("/")` before `dlopen`, and make the names of files full paths
 /// before that; the library is then /lib/libqorxenprobe.so, as it is for a CIM server.

@@ -15,6 +15,12 @@ public:
     /// ends the process.
     ComputerSystem();
 
+    /// Asks nobody: not known to be virtualized.
+    struct NotAsked
+    {
+    };
+    explicit ComputerSystem(NotAsked) noexcept {}
+
     /// 1 not virtualized or not known, 3 a Xen guest, 2 a probe that said so only when it was asked again
     std::uint32_t getVirtualType() const { return _virtualType; }
     /// "Xen", or "" when not virtualized or not known

@@ -21,4 +21,7 @@ extern const Pegasus::String SlotClass;
 extern const Pegasus::String RebootMethod;
 extern const Pegasus::String ShutdownMethod;
 
+/// False when memory lacked for one of them while the module was loaded; that one is empty, and stays so.
+bool hasAllNames();
+
 }

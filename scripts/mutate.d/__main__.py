@@ -124,16 +124,16 @@ def chosen(options, record):
     return wanted, every
 
 
-def copy_made(options, number, jobs):
+def copy_made(options, number, jobs, paths):
     print(f"building copy {number} of {options.jobs}", flush=True)
     directory = DIRECTORY / f"worker-{number}"
     directory.mkdir(parents=True, exist_ok=True)
-    return worker.Worker(ROOT, directory, options, jobs)
+    return worker.Worker(ROOT, directory, options, jobs, paths)
 
 
-def first_worker(options):
+def first_worker(options, paths):
     """The one that measures the tests for all."""
-    first = copy_made(options, 1, options.jobs)
+    first = copy_made(options, 1, options.jobs, paths)
     print("running every test without a mistake", flush=True)
     first.measure()
     for name in first.left_out:
@@ -141,9 +141,9 @@ def first_worker(options):
     return first
 
 
-def another_worker(options, number, first):
+def another_worker(options, number, first, paths):
     """Made while the first is at work already."""
-    other = copy_made(options, number, 1)
+    other = copy_made(options, number, 1, paths)
     other.share_measures(first)
     return other
 
@@ -163,7 +163,7 @@ def run(options, todo, record):
 
     def work(number):
         try:
-            one = first if number == 1 else another_worker(options, number, first)
+            one = first if number == 1 else another_worker(options, number, first, by_file)
             while not failures:
                 chunk = chunks.get_nowait()
                 one.begin_file(chunk[0].path, (ROOT / chunk[0].path).read_text())
@@ -184,7 +184,7 @@ def run(options, todo, record):
         if result == worker.SURVIVED:
             print(f"{mutation.path}:{mutation.line}: {mutation.kind} survived\n{accepted.text(mutation)}\n", flush=True)
 
-    first = first_worker(options)
+    first = first_worker(options, by_file)
     record.begin()  # not before: the last run's results last until there are new ones
     threads = [threading.Thread(target=work, args=(number + 1,), daemon=True) for number in range(options.jobs)]
     for thread in threads:

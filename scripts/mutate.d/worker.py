@@ -8,10 +8,11 @@ LINKING = 0.3  # seconds that a program's link takes, about
 
 
 class Worker:
-    def __init__(self, root, directory, options, jobs):
+    def __init__(self, root, directory, options, jobs, paths):
+        """`paths`: the files that are to be changed; programs without any of them are not run."""
         self.build = Build(root, directory)
         self.build.make_programs(options.programs, jobs)
-        self.programs = self.build.programs(options.programs)
+        self.programs = [one for one in self.build.programs(options.programs) if self._covers(one, paths)]
         self.temporary = directory / "temporary"
         self.temporary.mkdir(exist_ok=True)
         self.longest = options.longest
@@ -49,6 +50,10 @@ class Worker:
             self.changed_file = (name, original)
             for unit in self.units:
                 unit.killed = unit.ran = 0
+
+    def _covers(self, program, paths):
+        inputs = self.build.inputs(program.target)
+        return any(self.build.objects[path] & inputs for path in paths)
 
     def _covering(self, name):
         """The units whose program is made of the file, first those that promise most for the time they take."""

@@ -13,8 +13,12 @@ void* openLibrary(const char* path)
 {
     errno = 0; // the loader's text does not always tell that memory lacked, and never in words one could rely on
     void* library = dlopen(path, RTLD_LAZY);
-    if (!library && errno == ENOMEM)
+    if (!library && errno == ENOMEM) {
+        // Has the loader forget the error. While the module itself is being loaded, this loading is a part of that one,
+        // and glibc 2.36 would take its mark of an error without memory for an error's text.
+        dlerror();
         throw std::bad_alloc();
+    }
     return library;
 }
 

@@ -215,6 +215,27 @@ TEST(PackedReader, RefusesAValueOfAnotherKindAndStaysWhereItIs)
     EXPECT_EQ(value, 4);
 }
 
+TEST(PackedReader, RefusesATagOf32BitsThatOnlyEndsLikeOne)
+{
+    const std::string bytes = words({0x10000, 7});
+    PackedReader reader = packedReader(bytes.data(), bytes.size());
+    std::int32_t value = 4;
+    EXPECT_FALSE(packedInteger(&reader, &value));
+    EXPECT_EQ(value, 4);
+}
+
+TEST(PackedReader, TakesATextAndABufferBeyond64Kilobytes)
+{
+    const std::string longText(70000, 'x');
+    std::string bytes(8 + longText.size() + 1, '?');
+    packS(bytes.data(), longText);
+    expectTakesExactly(bytes.data(), bytes.size(), [&](PackedReader& r) {
+        const char* text = nullptr;
+        std::uint32_t length = 0;
+        return packedText(&r, &text, &length) && std::string(text, length) == longText;
+    });
+}
+
 TEST(PackedReader, RefusesALengthThatPassesTheEndOfTheBuffer)
 {
     for (const std::uint32_t length : {5u, 0x7FFFFFFFu, 0xFFFFFFF7u, 0xFFFFFFFFu}) {

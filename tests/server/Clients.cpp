@@ -1,26 +1,16 @@
 #include "tests/server/Clients.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
-#include <sys/wait.h>
 
 namespace
 {
-std::string quotedForShell(const std::string& word)
-{
-    std::string quoted = "'";
-    for (const char c : word)
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
-}
-
 std::string outputOf(const std::vector<std::string>& command)
 {
-    Answer answer = run(command);
+    Outcome answer = runProgram(command);
     if (answer.exitCode != 0)
         throw std::runtime_error(command.front() + " ended with " + std::to_string(answer.exitCode) + ": " +
                                  answer.output);
@@ -211,21 +201,9 @@ std::string shown(const std::vector<Instance>& instances)
     return text;
 }
 
-Answer run(const std::vector<std::string>& command)
+Outcome runProgram(const std::vector<std::string>& command)
 {
-    std::string line;
-    for (const std::string& word : command)
-        line += quotedForShell(word) + " ";
-    std::FILE* const pipe = popen((line + "2>&1").c_str(), "r");
-    if (pipe == nullptr)
-        throw std::runtime_error("cannot run " + line);
-    Answer answer;
-    char buffer[4096];
-    for (std::size_t size = 0; (size = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
-        answer.output.append(buffer, size);
-    const int status = pclose(pipe);
-    answer.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    return answer;
+    return run("exec " + shellLine(command) + " 2>&1");
 }
 
 std::string setting(const char* name)
@@ -262,10 +240,10 @@ std::vector<std::string> expectedPaths(const std::string& className)
     return inventory({"names", className}).at(className).get<std::vector<std::string>>();
 }
 
-Answer CimCli::ask(std::vector<std::string> command)
+Outcome CimCli::ask(std::vector<std::string> command)
 {
     command.insert(command.begin(), {"cimcli", "-l", "localhost:" + setting("VQ_PORT")});
-    return run(command);
+    return runProgram(command);
 }
 
 std::vector<Instance> CimCli::instances(const std::string& className)
@@ -288,11 +266,11 @@ std::vector<Instance> CimCli::get(const std::string& path)
     return instances;
 }
 
-Answer WbemCli::ask(const std::string& operation, const std::string& object, const std::vector<std::string>& further)
+Outcome WbemCli::ask(const std::string& operation, const std::string& object, const std::vector<std::string>& further)
 {
     std::vector<std::string> command = {"wbemcli", "-nl", operation, "http://" + wbemAddress() + object};
     command.insert(command.end(), further.begin(), further.end());
-    return run(command);
+    return runProgram(command);
 }
 
 std::vector<Instance> WbemCli::instances(const std::string& className)

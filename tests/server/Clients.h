@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/testing/Process.h"
+
 #include <string>
 #include <vector>
 
@@ -20,15 +22,8 @@ struct Instance
 /// One line for the path and one for each property, to compare and to show.
 std::string shown(const std::vector<Instance>& instances);
 
-/// What a program said, on standard output and standard error alike, and how it ended.
-struct Answer
-{
-    int exitCode = 0;
-    std::string output;
-};
-
-/// Runs a program, found through PATH, without a shell's reading of its arguments.
-Answer run(const std::vector<std::string>& command);
+/// Runs a program, found through PATH; what it says on standard output and standard error alike.
+Outcome runProgram(const std::vector<std::string>& command);
 
 /// A variable that the script `serve` sets; throws std::runtime_error where it is not set.
 std::string setting(const char* name);
@@ -42,7 +37,7 @@ std::vector<std::string> expectedPaths(const std::string& className);
 /// The `cimcli` of OpenPegasus, over the network.
 namespace CimCli
 {
-Answer ask(std::vector<std::string> command);
+Outcome ask(std::vector<std::string> command);
 std::vector<Instance> instances(const std::string& className);
 std::vector<std::string> paths(const std::string& className);
 std::vector<Instance> get(const std::string& path); ///< the instance, with the path that was asked
@@ -52,7 +47,7 @@ std::vector<Instance> get(const std::string& path); ///< the instance, with the 
 namespace WbemCli
 {
 /// `operation object further...`; `object` without host and namespace.
-Answer ask(const std::string& operation, const std::string& object, const std::vector<std::string>& further = {});
+Outcome ask(const std::string& operation, const std::string& object, const std::vector<std::string>& further = {});
 std::vector<Instance> instances(const std::string& className);
 std::vector<std::string> paths(const std::string& className);
 std::vector<Instance> get(const std::string& path);

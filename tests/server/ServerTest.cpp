@@ -1,7 +1,7 @@
 // A real CIM server, asked through two clients' programs. What it answers is what vqinventory shows for the same table.
 
 #include "tests/server/Clients.h"
-#include "tests/server/Process.h"
+#include "tests/server/ServerProcesses.h"
 
 #include <atomic>
 #include <chrono>
@@ -128,14 +128,14 @@ TEST(CimCli, AnswersToAClassInOtherLetters)
 
 TEST(CimCli, IsToldThatAClassIsUnknown)
 {
-    const Answer answer = CimCli::ask({"ei", "QORTAL_Nothing"});
+    const Outcome answer = CimCli::ask({"ei", "QORTAL_Nothing"});
     EXPECT_EQ(answer.exitCode, 5);
     EXPECT_NE(answer.output.find("CIM_ERR_INVALID_CLASS: QORTAL_Nothing"), std::string::npos) << answer.output;
 }
 
 TEST(CimCli, GetsAnErrorForAnInstanceThatIsNotThere)
 {
-    const Answer answer = CimCli::ask({"gi", R"(QORTAL_Chassis.CreationClassName="QORTAL_Chassis",Tag="Chassis7")"});
+    const Outcome answer = CimCli::ask({"gi", R"(QORTAL_Chassis.CreationClassName="QORTAL_Chassis",Tag="Chassis7")"});
     EXPECT_EQ(answer.exitCode, 1);
     EXPECT_NE(answer.output.find("CIM_ERR_FAILED"), std::string::npos) << answer.output;
 }
@@ -147,7 +147,7 @@ TEST(CimCli, IsRefusedToCreateModifyAndDelete)
         {{"mi", ChassisPath, "SerialNumber=1"}, "modifyInstance"},
         {{"di", ChassisPath}, "deleteInstance"}};
     for (const auto& [command, operation] : refused) {
-        const Answer answer = CimCli::ask(command);
+        const Outcome answer = CimCli::ask(command);
         EXPECT_EQ(answer.exitCode, 7) << operation;
         EXPECT_NE(answer.output.find("CIM_ERR_NOT_SUPPORTED: SystemProvider::" + operation), std::string::npos)
             << answer.output;
@@ -158,7 +158,7 @@ TEST(CimCli, RebootGoesToTheKernelAndReportsItsRefusal)
 {
     ASSERT_NO_FATAL_FAILURE(needReplacedPowerActions());
     forgetCalls();
-    const Answer answer = CimCli::ask({"im", operatingSystemPath(), "Reboot"});
+    const Outcome answer = CimCli::ask({"im", operatingSystemPath(), "Reboot"});
     EXPECT_EQ(answer.output, "Return Value= 4294967295\n");
     EXPECT_EQ(recordedCalls(), (std::vector<std::string>{"reboot 0x01234567"}));
 }
@@ -167,7 +167,7 @@ TEST(CimCli, ShutdownRunsTheSystemsProgramAndReturns1)
 {
     ASSERT_NO_FATAL_FAILURE(needReplacedPowerActions());
     forgetCalls();
-    const Answer answer = CimCli::ask({"im", operatingSystemPath(), "Shutdown"});
+    const Outcome answer = CimCli::ask({"im", operatingSystemPath(), "Shutdown"});
     EXPECT_EQ(answer.output, "Return Value= 1\n");
     EXPECT_EQ(recordedCalls(), (std::vector<std::string>{"popen /sbin/shutdown -h now r", "pclose"}));
 }
@@ -205,14 +205,14 @@ TEST(WbemCli, AnswersToAClassInOtherLetters)
 
 TEST(WbemCli, IsToldThatAClassIsUnknown)
 {
-    const Answer answer = WbemCli::ask("ei", "QORTAL_Nothing");
+    const Outcome answer = WbemCli::ask("ei", "QORTAL_Nothing");
     EXPECT_NE(answer.exitCode, 0);
     EXPECT_NE(answer.output.find("Cim: (5) CIM_ERR_INVALID_CLASS: QORTAL_Nothing"), std::string::npos) << answer.output;
 }
 
 TEST(WbemCli, IsRefusedToCreateModifyAndDelete)
 {
-    const std::vector<std::pair<Answer, std::string>> refused = {
+    const std::vector<std::pair<Outcome, std::string>> refused = {
         {WbemCli::ask("ci", ChassisPath, {"SerialNumber=1"}), "createInstance"},
         {WbemCli::ask("mi", ChassisPath, {"SerialNumber=1"}), "modifyInstance"},
         {WbemCli::ask("di", ChassisPath), "deleteInstance"}};
@@ -227,9 +227,9 @@ TEST(WbemCli, InvokesBothMethods)
 {
     ASSERT_NO_FATAL_FAILURE(needReplacedPowerActions());
     forgetCalls();
-    const Answer reboot = WbemCli::ask("cm", operatingSystemPath(), {"Reboot"});
+    const Outcome reboot = WbemCli::ask("cm", operatingSystemPath(), {"Reboot"});
     EXPECT_NE(reboot.output.find(" Reboot: 4294967295\n"), std::string::npos) << reboot.output;
-    const Answer shutdown = WbemCli::ask("cm", operatingSystemPath(), {"Shutdown"});
+    const Outcome shutdown = WbemCli::ask("cm", operatingSystemPath(), {"Shutdown"});
     EXPECT_NE(shutdown.output.find(" Shutdown: 1\n"), std::string::npos) << shutdown.output;
     EXPECT_EQ(recordedCalls(),
               (std::vector<std::string>{"reboot 0x01234567", "popen /sbin/shutdown -h now r", "pclose"}));
@@ -288,11 +288,11 @@ TEST(Unload, ADisabledModuleLeavesItsProcessAndComesBackEnabled)
         EXPECT_EQ(shown(CimCli::instances("QORTAL_Chassis")), shown(expected));
         ASSERT_EQ(processesWith(ModuleFile).size(), 1u);
 
-        EXPECT_EQ(run({"cimprovider", "-d", "-m", "SystemProviderModule"}).exitCode, 0);
+        EXPECT_EQ(runProgram({"cimprovider", "-d", "-m", "SystemProviderModule"}).exitCode, 0);
         EXPECT_TRUE(unloads(ModuleFile));
         EXPECT_NE(CimCli::ask({"ei", "QORTAL_Chassis"}).exitCode, 0);
 
-        EXPECT_EQ(run({"cimprovider", "-e", "-m", "SystemProviderModule"}).exitCode, 0);
+        EXPECT_EQ(runProgram({"cimprovider", "-e", "-m", "SystemProviderModule"}).exitCode, 0);
     }
     EXPECT_EQ(shown(CimCli::instances("QORTAL_Chassis")), shown(expected));
 }

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <stdexcept>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -36,7 +37,20 @@ Outcome run(const std::string& command)
     const std::string output = readToTheEnd(ends[0]);
     close(ends[0]);
     int status = 0;
-    if (error != 0 || waitpid(child, &status, 0) != child)
+    rusage usage{};
+    if (error != 0 || wait4(child, &status, 0, &usage) != child)
         throw std::runtime_error("cannot run " + command);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output, usage.ru_maxrss};
+}
+
+std::string shellLine(const std::vector<std::string>& words)
+{
+    std::string line;
+    for (const std::string& word : words) {
+        line += line.empty() ? "'" : " '";
+        for (const char c : word)
+            line += c == '\'' ? "'\\''" : std::string(1, c);
+        line += "'";
+    }
+    return line;
 }

@@ -404,7 +404,7 @@ TEST(ToolOutput, AFullDiskIsAnError)
 
 TEST(ToolOutput, APipeThatNobodyReadsIsAnError)
 {
-    const ToolRun run = runToolInto("", {"QORTAL_OperatingSystem"});
+    const ToolRun run = runToolIntoBrokenPipe({"QORTAL_OperatingSystem"});
     EXPECT_EQ(run.errors, "vqinventory: cannot write to standard output: Broken pipe\n");
     EXPECT_EQ(run.exitCode, 1);
 }

@@ -1,10 +1,10 @@
 #include "tests/tools/ToolRun.h"
 
+#include "tests/testing/Process.h"
 #include "tests/testing/ServedTable.h"
 
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -12,9 +12,6 @@
 #include <sstream>
 #include <stdexcept>
 #include <sys/prctl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace
 {
@@ -26,78 +23,52 @@ std::string contentOf(const std::string& file)
     return text.str();
 }
 
-int openForWriting(const std::string& file)
+// What this program starts from here on has these rights no more, whatever it runs as.
+void dropRights()
 {
-    return open(file.c_str(), O_WRONLY | O_CREAT, 0600);
-}
-
-int brokenPipe()
-{
-    int ends[2];
-    if (pipe(ends) != 0)
-        return -1;
-    close(ends[0]);
-    return ends[1];
-}
-
-[[noreturn]] void become(const std::vector<std::string>& arguments,
-                         const std::map<std::string, std::string>& environment, int output, int errors)
-{
-    for (const auto& [name, value] : environment)
-        setenv(name.c_str(), value.c_str(), 1);
-    std::string tool = VQ_TOOL;
-    std::vector<char*> values = {tool.data()};
-    for (const std::string& argument : arguments)
-        values.push_back(const_cast<char*>(argument.c_str()));
-    values.push_back(nullptr);
     prctl(PR_CAPBSET_DROP, CAP_SYS_BOOT); // beside the guard: no mistake here may stop the machine
     prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
     prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
-    dup2(output, STDOUT_FILENO);
-    dup2(errors, STDERR_FILENO);
-    execv(tool.c_str(), values.data());
-    _exit(127);
 }
 
-ToolRun run(const std::vector<std::string>& arguments, const std::map<std::string, std::string>& environment,
-            int output, const std::string& directory = ".")
+// `prepared`: commands of the shell before the tool; `redirected`: where its output goes.
+ToolRun runPrepared(const std::string& prepared, const std::vector<std::string>& arguments,
+                    const std::string& redirected = "")
 {
+    dropRights();
+    std::vector<std::string> words = {VQ_TOOL};
+    words.insert(words.end(), arguments.begin(), arguments.end());
     const TemporaryFile errors;
-    const int errorsTo = openForWriting(errors.name());
-    const pid_t child = fork();
-    if (child == 0 && chdir(directory.c_str()) != 0)
-        _exit(127);
-    if (child == 0)
-        become(arguments, environment, output, errorsTo);
-    close(output);
-    close(errorsTo);
-    int status = 0;
-    rusage usage{};
-    if (child < 0 || wait4(child, &status, 0, &usage) != child)
-        throw std::runtime_error("cannot run " VQ_TOOL);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, "", errors.text(), usage.ru_maxrss};
+    const Outcome outcome =
+        run(prepared + "exec " + shellLine(words) + " " + redirected + " 2>" + shellLine({errors.name()}));
+    return {outcome.exitCode, outcome.output, errors.text(), outcome.peakKilobytes};
 }
 }
 
 ToolRun runTool(const std::vector<std::string>& arguments, const std::map<std::string, std::string>& environment)
 {
-    const TemporaryFile output;
-    ToolRun result = run(arguments, environment, openForWriting(output.name()));
-    result.output = output.text();
-    return result;
+    std::string variables;
+    for (const auto& [name, value] : environment)
+        variables += "export " + name + "=" + shellLine({value}) + "; ";
+    return runPrepared(variables, arguments);
 }
 
 ToolRun runToolIn(const std::string& directory, const std::vector<std::string>& arguments)
 {
-    const TemporaryFile output;
-    ToolRun result = run(arguments, {}, openForWriting(output.name()), directory);
-    result.output = output.text();
-    return result;
+    return runPrepared("cd " + shellLine({directory}) + " && ", arguments);
 }
 
-ToolRun runToolInto(const std::string& outputFile, const std::vector<std::string>& arguments)
+ToolRun runToolInto(const std::string& file, const std::vector<std::string>& arguments)
 {
-    return run(arguments, {}, outputFile.empty() ? brokenPipe() : openForWriting(outputFile));
+    return runPrepared("", arguments, ">" + shellLine({file}));
+}
+
+ToolRun runToolIntoBrokenPipe(const std::vector<std::string>& arguments)
+{
+    const TemporaryDirectory directory;
+    const std::string pipe = shellLine({directory.name() + "/pipe"});
+    // Opened for both ways, a pipe has a reader, so that the writer's opening does not wait for one.
+    return runPrepared("mkfifo " + pipe + " && exec 3<>" + pipe + " 4>" + pipe + " 3>&- && ", arguments, ">&4 4>&-");
 }
 
 std::map<std::string, std::string> powerGuard(const std::string& logFile)

@@ -22,8 +22,11 @@ ToolRun runTool(const std::vector<std::string>& arguments, const std::map<std::s
 /// The same for someone who stands in this directory.
 ToolRun runToolIn(const std::string& directory, const std::vector<std::string>& arguments);
 
-/// The same with its standard output going to a file ("/dev/full"), or into a pipe that nobody reads for an empty name.
-ToolRun runToolInto(const std::string& outputFile, const std::vector<std::string>& arguments);
+/// The same with its standard output going to a file ("/dev/full").
+ToolRun runToolInto(const std::string& file, const std::vector<std::string>& arguments);
+
+/// The same with its standard output going into a pipe that nobody reads.
+ToolRun runToolIntoBrokenPipe(const std::vector<std::string>& arguments);
 
 /// The environment by which a run writes its power actions into a file and does none of them.
 std::map<std::string, std::string> powerGuard(const std::string& logFile);

@@ -1,4 +1,4 @@
-#include "tests/server/Process.h"
+#include "tests/server/ServerProcesses.h"
 
 #include <algorithm>
 #include <cctype>
