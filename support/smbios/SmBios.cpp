@@ -3,7 +3,6 @@
 #include "support/smbios/EntryPoint.h"
 #include "support/smbios/Source.h"
 #include "support/smbios/Structures.h"
-#include "support/smbios/TableBytes.h"
 
 #include <algorithm>
 #include <cstring>
@@ -14,16 +13,8 @@ namespace VQ
 
 SmBiosError::~SmBiosError() = default;
 
-SmBios::Table::Table(const std::shared_ptr<const Bytes>& table, std::size_t position, std::size_t size)
-    : _size(static_cast<std::uint32_t>(size)), _data(table->data() + position), _table(table)
-{
-    _type = getDataByte(0x00);
-    _length = getDataByte(0x01);
-    _handle = static_cast<std::uint16_t>(getDataByte(0x02) | (getDataByte(0x03) << 8));
-}
-
 SmBios::Table::Table(const std::vector<unsigned char>& data)
-    : Table(std::make_shared<const Bytes>(Buffer(data.begin(), data.end())), 0, data.size())
+    : _table(Buffer(data.begin(), data.end())), _size(static_cast<std::uint32_t>(data.size()))
 {
 }
 
@@ -31,22 +22,22 @@ SmBios::Table::~Table() = default;
 
 std::uint8_t SmBios::Table::getByte(unsigned char offset) const
 {
-    return offset < _length ? getDataByte(offset) : std::uint8_t{0};
+    return offset < getLength() ? getDataByte(offset) : std::uint8_t{0};
 }
 
 std::uint16_t SmBios::Table::getWord(unsigned char offset) const
 {
     const std::size_t last = offset + std::size_t{1};
-    if (last >= _length || last >= _size)
+    if (last >= getLength() || last >= _size)
         return 0;
-    return static_cast<std::uint16_t>(_data[offset] | (_data[last] << 8));
+    return static_cast<std::uint16_t>(data()[offset] | (data()[last] << 8));
 }
 
 const char* SmBios::Table::getString(unsigned char index) const
 {
-    std::size_t position = _length;
+    std::size_t position = getLength();
     for (unsigned number = 1; index != 0 && getDataByte(position) != 0; ++number) {
-        const unsigned char* text = _data + position;
+        const unsigned char* text = data() + position;
         const void* end = std::memchr(text, 0, _size - position);
         if (!end)
             return nullptr;
@@ -60,7 +51,7 @@ const char* SmBios::Table::getString(unsigned char index) const
 const std::vector<unsigned char>& SmBios::Table::getData() const
 {
     static const std::vector<unsigned char> none;
-    return _table ? _table->copyOf(_data, _size) : none;
+    return _table.isNone() ? none : _table.copyOf(data(), _size);
 }
 
 SmBios::SmBios()

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "support/common/Export.h"
+#include "support/smbios/TableBytes.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -30,8 +30,6 @@ public:
     class VQ_EXPORT Table
     {
     public:
-        class VQ_INTERNAL Bytes; ///< of a whole table, the library's own affair
-
         /// An empty structure: type, length and handle 0, no data.
         Table() = default;
 
@@ -39,18 +37,23 @@ public:
         /// a header count as 0.
         explicit Table(const std::vector<unsigned char>& data);
 
-        /// The structure of `size` bytes at `position` of the whole table.
-        VQ_INTERNAL Table(const std::shared_ptr<const Bytes>& table, std::size_t position, std::size_t size);
+        /// The structure from `begin` to `end` of a whole table.
+        Table(const TableBytes& table, const unsigned char* begin, const unsigned char* end)
+            : _table(table), _position(static_cast<std::uint32_t>(begin - table.data())),
+              _size(static_cast<std::uint32_t>(end - begin))
+        {
+        }
 
         Table(const Table&) = default;
-        Table(Table&&) = default;
         Table& operator=(const Table&) = default;
-        Table& operator=(Table&&) = default;
         virtual ~Table();
 
-        std::uint8_t getType() const { return _type; }      ///< header offset 00h
-        std::uint8_t getLength() const { return _length; }  ///< of the formatted area in bytes, header offset 01h
-        std::uint16_t getHandle() const { return _handle; } ///< header offset 02h
+        std::uint8_t getType() const { return getDataByte(0x00); }   ///< header offset 00h
+        std::uint8_t getLength() const { return getDataByte(0x01); } ///< of the formatted area in bytes, offset 01h
+        std::uint16_t getHandle() const                              ///< header offset 02h
+        {
+            return static_cast<std::uint16_t>(getDataByte(0x02) | (getDataByte(0x03) << 8));
+        }
 
         /// The byte at `offset`, counted from the start of the header. 0 beyond the formatted area, so a field that an
         /// old structure does not have reads as 0, never as a byte of its strings.
@@ -60,7 +63,7 @@ public:
         std::uint16_t getWord(unsigned char offset) const;
 
         /// The byte at `offset` of the structure's bytes, wherever the formatted area ends; 0 beyond them.
-        std::uint8_t getDataByte(std::size_t offset) const { return offset < _size ? _data[offset] : std::uint8_t{0}; }
+        std::uint8_t getDataByte(std::size_t offset) const { return offset < _size ? data()[offset] : std::uint8_t{0}; }
 
         /// The NUL-terminated text of string number `index` (from 1), as it stands in the table; null for 0 and for a
         /// number beyond the strings. Valid while this object or a copy of it lives unchanged.
@@ -71,12 +74,11 @@ public:
         const std::vector<unsigned char>& getData() const;
 
     private:
-        std::uint8_t _type = 0;
-        std::uint8_t _length = 0;
-        std::uint16_t _handle = 0;
+        const unsigned char* data() const { return _table.data() + _position; }
+
+        TableBytes _table;
+        std::uint32_t _position = 0; // in _table
         std::uint32_t _size = 0;
-        const unsigned char* _data = nullptr; // in _table
-        std::shared_ptr<const Bytes> _table;
     };
 
     /// Reads entry point and table. A machine without SMBIOS gives version 0.0 and no structures. A malformed table

@@ -13,6 +13,7 @@ namespace
 {
 constexpr std::size_t HeaderSize = 4;
 constexpr unsigned char EndOfTable = 127;
+constexpr std::size_t UsualCount = 1024; // few machines have more structures; those of a large table are counted first
 
 // Past the two zero bytes that end a string set; null when there are none. There are strings until one is followed by a
 // second zero byte.
@@ -36,35 +37,34 @@ const unsigned char* endOfStructure(const unsigned char* data, const unsigned ch
     return endOfStrings(data + data[1], end);
 }
 
-// Where each structure ends, counted from the start of the table.
-std::vector<std::size_t> endsOfStructures(const unsigned char* data, std::size_t size, std::uint32_t maxCount)
+// How many structures there are at most from `data` on.
+std::size_t countFrom(const unsigned char* data, const unsigned char* end)
 {
-    std::vector<std::size_t> ends;
-    const unsigned char* const end = data + size;
-    const unsigned char* structure = data;
-    while (ends.size() < maxCount) {
-        const unsigned char* const next = endOfStructure(structure, end);
-        if (!next)
-            break;
-        ends.push_back(static_cast<std::size_t>(next - data));
-        if (structure[0] == EndOfTable)
-            break;
-        structure = next;
-    }
-    return ends;
+    std::size_t count = 0;
+    while ((data = endOfStructure(data, end)))
+        ++count;
+    return count;
 }
 }
 
 std::vector<SmBios::Table> parseStructures(Buffer bytes, std::uint32_t maxCount)
 {
-    const auto table = std::make_shared<const SmBios::Table::Bytes>(std::move(bytes));
-    const std::vector<std::size_t> ends = endsOfStructures(table->data(), table->size(), maxCount);
+    const TableBytes table(std::move(bytes));
+    const unsigned char* const end = table.data() + table.size();
+    const unsigned char* structure = table.data();
     std::vector<SmBios::Table> structures;
-    structures.reserve(ends.size());
-    std::size_t begin = 0;
-    for (const std::size_t end : ends) {
-        structures.emplace_back(table, begin, end - begin);
-        begin = end;
+    structures.reserve(UsualCount);
+    for (std::uint32_t left = maxCount; left > 0; --left) {
+        const unsigned char* const next = endOfStructure(structure, end);
+        if (!next)
+            break;
+        // Room for what is left and no more: a large list that grows by itself is held twice while it does.
+        if (structures.size() == structures.capacity())
+            structures.reserve(structures.size() + countFrom(structure, end));
+        structures.emplace_back(table, structure, next);
+        if (structure[0] == EndOfTable)
+            break;
+        structure = next;
     }
     return structures;
 }
