@@ -1,6 +1,7 @@
 #include "support/smbios/File.h"
 
 #include "support/smbios/SmBios.h"
+#include "support/smbios/Source.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -17,8 +18,12 @@ namespace
 {
 constexpr std::size_t PageSize = 4096;
 
-// The most memory that is taken because a file system says so, before the bytes have come.
-constexpr std::uint64_t LargestGuess = 1u << 20;
+// Memory for the whole file, in one piece, where its size is one that a table can have. A file system that claims more
+// is not believed: memory is taken as the bytes come.
+std::size_t guessedSize(std::uint64_t claimed)
+{
+    return claimed <= MaxTableSize ? static_cast<std::size_t>(claimed) : 0;
+}
 
 int openForReading(const char* path)
 {
@@ -86,7 +91,7 @@ void File::seek(std::uint64_t offset)
 Buffer File::readAll(std::size_t most)
 {
     Buffer bytes;
-    bytes.reserve(std::min(most, static_cast<std::size_t>(std::min(size(), LargestGuess)) + PageSize));
+    bytes.reserve(std::min(most, guessedSize(size()) + PageSize));
     for (std::size_t used = 0;;) {
         bytes.resize(std::min(most, std::max(bytes.capacity(), used + PageSize)));
         const ssize_t got = read(_descriptor, bytes.data() + used, bytes.size() - used);
