@@ -1,7 +1,7 @@
 #include "support/pegasus/CimDateTime.h"
 
 #include <array>
-#include <cstdio>
+#include <cstddef>
 #include <cstdlib>
 #include <string>
 
@@ -23,8 +23,9 @@ unsigned daysOf(unsigned year, unsigned month)
 
 std::string digits(unsigned long value, int width)
 {
-    char text[24];
-    std::snprintf(text, sizeof text, "%0*lu", width, value);
+    std::string text(static_cast<std::size_t>(width), '0');
+    for (auto digit = text.rbegin(); digit != text.rend(); ++digit, value /= 10)
+        *digit = static_cast<char>('0' + value % 10);
     return text;
 }
 
