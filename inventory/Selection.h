@@ -2,6 +2,8 @@
 
 #include "support/smbios/SmBios.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -16,8 +18,11 @@ template <class Record, class Reader> std::vector<Record> recordsOf(std::uint8_t
 {
     std::vector<Record> records;
     const SmBios smBios;
-    for (const SmBios::Table& table : smBios.getTables())
-        if (table.getType() == type)
+    const auto isOfType = [type](const SmBios::Table& table) { return table.getType() == type; };
+    const std::vector<SmBios::Table>& tables = smBios.getTables();
+    records.reserve(static_cast<std::size_t>(std::count_if(tables.begin(), tables.end(), isOfType)));
+    for (const SmBios::Table& table : tables)
+        if (isOfType(table))
             records.push_back(Reader(table));
     return records;
 }
