@@ -9,14 +9,17 @@ namespace VQ
 void deliverChassis(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
     static const PropertyTable<Chassis> table = {
-        {"Caption", "Chassis"},
-        {"Description", "Chassis"},
-        {"Status", "Unknown"},
-        {"CreationClassName", ChassisClass, TextKey},
-        {"Manufacturer", &Chassis::getManufacturer},
-        {"SerialNumber", &Chassis::getSerialNumber},
-        {"Tag", "Chassis0", TextKey},
-        {"Version", &Chassis::getVersion},
+        ChassisClass,
+        {
+            {"Caption", "Chassis"},
+            {"Description", "Chassis"},
+            {"Status", "Unknown"},
+            {"CreationClassName", ChassisClass, TextKey},
+            {"Manufacturer", &Chassis::getManufacturer},
+            {"SerialNumber", &Chassis::getSerialNumber},
+            {"Tag", "Chassis0", TextKey},
+            {"Version", &Chassis::getVersion},
+        },
     };
     table.deliver(GetChassisInstance(), Request(requestedClass), handler);
 }

@@ -64,4 +64,14 @@ CIMValue cimValue(const DateTime& value)
     return CIMValue(make_CIMDateTime(value));
 }
 
+CIMValue cimValue(const String& value)
+{
+    return CIMValue(value);
+}
+
+CIMValue cimValue(const Array<String>& values)
+{
+    return CIMValue(values);
+}
+
 }

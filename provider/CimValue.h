@@ -2,11 +2,13 @@
 
 #include "support/common/DateTime.h"
 
+#include <Pegasus/Common/Array.h>
 #include <Pegasus/Common/CIMValue.h>
 #include <Pegasus/Common/Config.h>
 #include <Pegasus/Common/String.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,5 +27,13 @@ Pegasus::CIMValue cimValue(Pegasus::Uint32 value);
 Pegasus::CIMValue cimValue(Pegasus::Uint64 value);
 Pegasus::CIMValue cimValue(const std::vector<std::uint16_t>& values); ///< uint16 array
 Pegasus::CIMValue cimValue(const DateTime& value);                    ///< datetime
+Pegasus::CIMValue cimValue(const Pegasus::String& value);
+Pegasus::CIMValue cimValue(const Pegasus::Array<Pegasus::String>& values);
+
+/// Null for no value.
+template <class Value> Pegasus::CIMValue cimValue(const std::optional<Value>& value)
+{
+    return value ? cimValue(*value) : Pegasus::CIMValue();
+}
 
 }

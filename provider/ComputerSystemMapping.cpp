@@ -8,25 +8,28 @@ namespace VQ
 
 namespace
 {
-Pegasus::CIMValue virtualType(const ComputerSystem& system, const Request&)
+Pegasus::Uint16 virtualType(const ComputerSystem& system)
 {
-    return cimValue(static_cast<Pegasus::Uint16>(system.getVirtualType()));
+    return static_cast<Pegasus::Uint16>(system.getVirtualType());
 }
 }
 
 void deliverComputerSystem(const Pegasus::String& requestedClass, Pegasus::InstanceResponseHandler& handler)
 {
     static const PropertyTable<ComputerSystem> table = {
-        {"Caption", "Computer System"},
-        {"Description", &ComputerSystem::getDescription},
-        {"Name", &ComputerSystem::getName, TextKey},
-        {"Status", "Unknown"},
-        {"CreationClassName", ComputerSystemClass, TextKey},
-        {"PrimaryOwnerContact", &ComputerSystem::getOwnerContact},
-        {"PrimaryOwnerName", &ComputerSystem::getOwnerName},
-        {"Model", &ComputerSystem::getModel},
-        {"VirtualType", virtualType},
-        {"VirtualizationMethodName", &ComputerSystem::getVirtualMethod},
+        ComputerSystemClass,
+        {
+            {"Caption", "Computer System"},
+            {"Description", &ComputerSystem::getDescription},
+            {"Name", &ComputerSystem::getName, TextKey},
+            {"Status", "Unknown"},
+            {"CreationClassName", ComputerSystemClass, TextKey},
+            {"PrimaryOwnerContact", &ComputerSystem::getOwnerContact},
+            {"PrimaryOwnerName", &ComputerSystem::getOwnerName},
+            {"Model", &ComputerSystem::getModel},
+            {"VirtualType", virtualType},
+            {"VirtualizationMethodName", &ComputerSystem::getVirtualMethod},
+        },
     };
     table.deliver(GetComputerSystemInstance(), Request(requestedClass), handler);
 }

@@ -4,10 +4,11 @@
 #include "provider/Mappings.h"
 #include "provider/PropertyTable.h"
 
+#include <optional>
+#include <string>
+
 namespace VQ
 {
-
-using Pegasus::CIMValue;
 
 namespace
 {
@@ -18,19 +19,19 @@ DateTime unknownDate()
 }
 
 // A date that can't be had does not cost the rest of the instance.
-CIMValue installDate(const OperatingSystem& system, const Request&)
+std::optional<DateTime> installDate(const OperatingSystem& system)
 {
     try {
         const DateTime date = system.getInstallDate();
-        return date != unknownDate() ? cimValue(date) : CIMValue();
+        return date != unknownDate() ? std::optional(date) : std::nullopt;
     } catch (...) {
-        return CIMValue();
+        return std::nullopt;
     }
 }
 
-CIMValue computerSystemName(const OperatingSystem&, const Request&)
+std::string computerSystemName(const OperatingSystem&)
 {
-    return cimValue(ComputerSystem().getName());
+    return ComputerSystem().getName();
 }
 }
 
@@ -38,34 +39,37 @@ void deliverOperatingSystem(const Pegasus::String& requestedClass, Pegasus::Inst
 {
     // What changes is asked for at its row, not once for the instance.
     static const PropertyTable<OperatingSystem> table = {
-        {"Caption", &OperatingSystem::getName},
-        {"Description", &OperatingSystem::getName},
-        {"InstallDate", installDate},
-        {"Name", &OperatingSystem::getName, TextKey},
-        {"Status", "Unknown"},
-        {"CreationClassName", OperatingSystemClass, TextKey},
-        {"CSCreationClassName", ComputerSystemClass, TextKey},
-        {"CSName", computerSystemName, TextKey},
-        {"CurrentTimeZone", &OperatingSystem::getCurrentTimeZone},
-        {"Distributed", &OperatingSystem::getDistributed},
-        {"FreePhysicalMemory", &OperatingSystem::getFreePhysicalMemory},
-        {"FreeSpaceInPagingFiles", &OperatingSystem::getFreeSpaceInPagingFiles},
-        {"FreeVirtualMemory", &OperatingSystem::getFreeVirtualMemory},
-        {"LastBootUpTime", &OperatingSystem::getLastBootUpTime},
-        {"LocalDateTime", &OperatingSystem::getLocalDateTime},
-        {"MaxNumberOfProcesses", &OperatingSystem::getMaxNumberOfProcesses},
-        {"MaxProcessMemorySize", &OperatingSystem::getMaxProcessMemorySize},
-        {"NumberOfLicensedUsers", &OperatingSystem::getNumberOfLicensedUsers},
-        {"NumberOfProcesses", &OperatingSystem::getNumberOfProcesses},
-        {"NumberOfUsers", &OperatingSystem::getNumberOfUsers},
-        {"OSType", &OperatingSystem::getType},
-        {"SizeStoredInPagingFiles", &OperatingSystem::getSizeStoredInPagingFiles},
-        {"TotalSwapSpaceSize", &OperatingSystem::getTotalSwapSpaceSize},
-        {"TotalVirtualMemorySize", &OperatingSystem::getTotalVirtualMemorySize},
-        {"TotalVisibleMemorySize", &OperatingSystem::getTotalVisibleMemorySize},
-        {"Version", &OperatingSystem::getVersion},
-        {"CodeSet", &OperatingSystem::getCodeSet},
-        {"LanguageEdition", &OperatingSystem::getLanguageEdition},
+        OperatingSystemClass,
+        {
+            {"Caption", &OperatingSystem::getName},
+            {"Description", &OperatingSystem::getName},
+            {"InstallDate", installDate},
+            {"Name", &OperatingSystem::getName, TextKey},
+            {"Status", "Unknown"},
+            {"CreationClassName", OperatingSystemClass, TextKey},
+            {"CSCreationClassName", ComputerSystemClass, TextKey},
+            {"CSName", computerSystemName, TextKey},
+            {"CurrentTimeZone", &OperatingSystem::getCurrentTimeZone},
+            {"Distributed", &OperatingSystem::getDistributed},
+            {"FreePhysicalMemory", &OperatingSystem::getFreePhysicalMemory},
+            {"FreeSpaceInPagingFiles", &OperatingSystem::getFreeSpaceInPagingFiles},
+            {"FreeVirtualMemory", &OperatingSystem::getFreeVirtualMemory},
+            {"LastBootUpTime", &OperatingSystem::getLastBootUpTime},
+            {"LocalDateTime", &OperatingSystem::getLocalDateTime},
+            {"MaxNumberOfProcesses", &OperatingSystem::getMaxNumberOfProcesses},
+            {"MaxProcessMemorySize", &OperatingSystem::getMaxProcessMemorySize},
+            {"NumberOfLicensedUsers", &OperatingSystem::getNumberOfLicensedUsers},
+            {"NumberOfProcesses", &OperatingSystem::getNumberOfProcesses},
+            {"NumberOfUsers", &OperatingSystem::getNumberOfUsers},
+            {"OSType", &OperatingSystem::getType},
+            {"SizeStoredInPagingFiles", &OperatingSystem::getSizeStoredInPagingFiles},
+            {"TotalSwapSpaceSize", &OperatingSystem::getTotalSwapSpaceSize},
+            {"TotalVirtualMemorySize", &OperatingSystem::getTotalVirtualMemorySize},
+            {"TotalVisibleMemorySize", &OperatingSystem::getTotalVisibleMemorySize},
+            {"Version", &OperatingSystem::getVersion},
+            {"CodeSet", &OperatingSystem::getCodeSet},
+            {"LanguageEdition", &OperatingSystem::getLanguageEdition},
+        },
     };
     table.deliver(GetOperatingSystemInstance(), Request(requestedClass), handler);
 }

@@ -20,37 +20,40 @@ String keyText(const CIMValue& value)
 }
 }
 
-CIMValue numbered(const char* text, const Request& request)
+std::string numbered(const char* text, const Request& request)
 {
-    return cimValue(text + std::to_string(request.index));
+    return text + std::to_string(request.index);
 }
 
-CIMKeyBinding keyOf(const Property& property)
+void Prototype::add(const Property& property, bool literal)
 {
-    const CIMName name = property.key->name ? CIMName(property.key->name) : property.name;
-    return CIMKeyBinding(name, property.literal.isNull() ? String() : keyText(property.literal), property.key->type);
+    instance.addProperty(CIMProperty(CIMName(property.name), property.value));
+    if (property.key)
+        keys.append(CIMKeyBinding(CIMName(property.key->name ? property.key->name : property.name),
+                                  literal ? keyText(property.value) : String(), property.key->type));
 }
 
-InstanceAssembly::InstanceAssembly(const CIMName& className, const Array<CIMKeyBinding>& keys)
-    : _instance(className), _keys(keys)
+void InstanceAssembly::keep(const Property& property)
 {
+    ++_next;
+    if (property.key)
+        ++_nextKey;
 }
 
-void InstanceAssembly::add(const Property& property, const CIMValue& value)
+void InstanceAssembly::set(const Property& property, const CIMValue& value)
 {
-    _instance.addProperty(CIMProperty(property.name, value, 0, _none, _none, false));
-    if (!property.key)
+    if (value.isNull()) {
+        _instance.removeProperty(_next);
         return;
-    if (property.literal.isNull())
-        _keys[_nextKey].setValue(keyText(value));
-    ++_nextKey;
+    }
+    _instance.getProperty(_next++).setValue(value);
+    if (property.key)
+        _keys[_nextKey++].setValue(keyText(value));
 }
 
-void InstanceAssembly::deliver(InstanceResponseHandler& handler)
+void InstanceAssembly::deliver(const CIMName& className, InstanceResponseHandler& handler)
 {
-    CIMObjectPath path = _instance.getPath();
-    path.setKeyBindings(_keys);
-    _instance.setPath(path);
+    _instance.setPath(CIMObjectPath(String::EMPTY, CIMNamespaceName(), className, _keys));
     handler.deliver(_instance);
 }
 

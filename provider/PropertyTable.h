@@ -14,8 +14,8 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <string>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace VQ
@@ -31,7 +31,7 @@ struct Request
 };
 
 /// A name that tells the request's records apart: the text and the record's index in decimal ("Cache0").
-Pegasus::CIMValue numbered(const char* text, const Request& request);
+std::string numbered(const char* text, const Request& request);
 
 /// Marks a property as a key of its class. The type of a key stands here and is never derived from the value.
 struct Key
@@ -43,20 +43,17 @@ struct Key
 constexpr Key TextKey{Pegasus::CIMKeyBinding::STRING};
 constexpr Key NumberKey{Pegasus::CIMKeyBinding::NUMERIC};
 
-/// What a property has in common in all instances of its class. It is made once, and read by all threads.
+/// What a property has in common in all instances of its class.
 struct Property
 {
-    Pegasus::CIMName name;
-    Pegasus::CIMValue literal; ///< null where each record has a value of its own
+    const char* name;
+    Pegasus::CIMValue value; ///< where each record has one of its own, any of the same type
     std::optional<Key> key;
 };
 
 /// A property of a class: its name, where its value comes from, and whether it is a key.
 template <class Record> struct Row : Property
 {
-    /// Gives the value; null leaves the property out.
-    using Rule = std::function<Pegasus::CIMValue(const Record&, const Request&)>;
-
     Row(const char* property, const char* text, std::optional<Key> keyed = {})
         : Row(property, Pegasus::CIMValue(Pegasus::String(text)), keyed)
     {
@@ -70,63 +67,85 @@ template <class Record> struct Row : Property
     Row(const char* property, const Value& value, std::optional<Key> keyed = {}) : Property{property, value, keyed}
     {
     }
-    /// The value that a getter of the record, or of its base, returns.
-    template <class Value, class Base>
-    Row(const char* property, Value (Base::*getter)() const, std::optional<Key> keyed = {})
+    /// What a getter of the record gives, or a function of the record: a value of any type that cimValue() takes. A
+    /// std::optional without one leaves the property out.
+    template <class Fact, std::enable_if_t<std::is_invocable_v<Fact, const Record&>, int> = 0>
+    Row(const char* property, Fact fact, std::optional<Key> keyed = {})
         : Row(
-              property, [getter](const Record& record, const Request&) { return cimValue((record.*getter)()); }, keyed)
+              property, [fact](const Record& record, const Request&) { return std::invoke(fact, record); }, keyed)
     {
     }
-    Row(const char* property, Rule valueOf, std::optional<Key> keyed = {})
-        : Property{property, Pegasus::CIMValue(), keyed}, rule(std::move(valueOf))
+    /// The same of a function of record and request.
+    template <class Fact, std::enable_if_t<std::is_invocable_v<Fact, const Record&, const Request&>, int> = 0>
+    Row(const char* property, Fact fact, std::optional<Key> keyed = {})
+        : Property{property, anyOf(std::invoke_result_t<Fact, const Record&, const Request&>()), keyed},
+          rule([fact](const Record& record, const Request& request) { return cimValue(fact(record, request)); })
     {
     }
 
-    Rule rule; ///< none where the value is a literal
+    std::function<Pegasus::CIMValue(const Record&, const Request&)> rule; ///< none where the value is a literal
+
+private:
+    template <class Value> static Pegasus::CIMValue anyOf(const Value& value) { return cimValue(value); }
+    template <class Value> static Pegasus::CIMValue anyOf(const std::optional<Value>&) { return cimValue(Value()); }
 };
 
-/// One instance in the making. Its path has no host and no namespace.
+/// What all instances of a class have in common: a whole instance, of which each of them is a copy. It is made once,
+/// and read by all threads.
+struct Prototype
+{
+    explicit Prototype(const Pegasus::String& className) : instance(Pegasus::CIMName(className)) {}
+
+    /// The next property.
+    void add(const Property& property, bool literal);
+
+    Pegasus::CIMInstance instance;
+    Pegasus::Array<Pegasus::CIMKeyBinding> keys; ///< in the order of their properties
+};
+
+/// One instance in the making, property by property in their order. Its path has no host and no namespace.
 class InstanceAssembly
 {
 public:
-    /// `keys` are the class's, in the order of their properties; those of literals have their values already.
-    InstanceAssembly(const Pegasus::CIMName& className, const Pegasus::Array<Pegasus::CIMKeyBinding>& keys);
+    explicit InstanceAssembly(const Prototype& prototype) : _instance(prototype.instance.clone()), _keys(prototype.keys)
+    {
+    }
 
-    void add(const Property& property, const Pegasus::CIMValue& value);
-    void deliver(Pegasus::InstanceResponseHandler& handler);
+    /// Leaves the next property as the prototype has it.
+    void keep(const Property& property);
+    /// Gives the next property a value, or leaves it out where that is null.
+    void set(const Property& property, const Pegasus::CIMValue& value);
+    void deliver(const Pegasus::CIMName& className, Pegasus::InstanceResponseHandler& handler);
 
 private:
-    const Pegasus::CIMName _none;
     Pegasus::CIMInstance _instance;
     Pegasus::Array<Pegasus::CIMKeyBinding> _keys;
+    Pegasus::Uint32 _next = 0;
     Pegasus::Uint32 _nextKey = 0;
 };
-
-/// The key that such a property makes. It has its value already where that is a literal.
-Pegasus::CIMKeyBinding keyOf(const Property& property);
 
 /// A class as it is published: its properties in their order.
 template <class Record> class PropertyTable
 {
 public:
-    PropertyTable(std::initializer_list<Row<Record>> rows) : _rows(rows)
+    PropertyTable(const Pegasus::String& className, std::initializer_list<Row<Record>> rows)
+        : _rows(rows), _prototype(className)
     {
         for (const Row<Record>& row : _rows)
-            if (row.key)
-                _keys.append(keyOf(row));
+            _prototype.add(row, !row.rule);
     }
 
     /// Builds the record's instance, row by row, and hands it to the client.
     void deliver(const Record& record, const Request& request, Pegasus::InstanceResponseHandler& handler) const
     {
-        InstanceAssembly instance(request.className, _keys);
+        InstanceAssembly instance(_prototype);
         for (const Row<Record>& row : _rows) {
-            if (!row.rule)
-                instance.add(row, row.literal);
-            else if (const Pegasus::CIMValue value = row.rule(record, request); !value.isNull())
-                instance.add(row, value);
+            if (row.rule)
+                instance.set(row, row.rule(record, request));
+            else
+                instance.keep(row);
         }
-        instance.deliver(handler);
+        instance.deliver(request.className, handler);
     }
 
     /// The same for each record, in their order.
@@ -142,7 +161,7 @@ public:
 
 private:
     std::vector<Row<Record>> _rows;
-    Pegasus::Array<Pegasus::CIMKeyBinding> _keys;
+    Prototype _prototype;
 };
 
 }

@@ -4,6 +4,8 @@
 #include "provider/PropertyTable.h"
 #include "support/common/System.h"
 
+#include <string>
+
 namespace VQ
 {
 
@@ -12,19 +14,19 @@ using Pegasus::Uint64;
 
 namespace
 {
-CIMValue requestedName(const OperatingSystem&, const Request& request)
+Pegasus::String requestedName(const OperatingSystem&, const Request& request)
 {
-    return CIMValue(request.className.getString());
+    return request.className.getString();
 }
 
-CIMValue hostName(const OperatingSystem&, const Request&)
+std::wstring hostName(const OperatingSystem&)
 {
-    return cimValue(System::getName());
+    return System::getName();
 }
 
-CIMValue totalBytes(const OperatingSystem& system, const Request&)
+Uint64 totalBytes(const OperatingSystem& system)
 {
-    return cimValue(system.getTotalPhysicalMemory() << 10);
+    return system.getTotalPhysicalMemory() << 10;
 }
 }
 
@@ -33,20 +35,23 @@ void deliverSystemMemory(const Pegasus::String& requestedClass, Pegasus::Instanc
     // The path writes it so, though the property is "DeviceID".
     constexpr Key deviceId{Pegasus::CIMKeyBinding::STRING, "DeviceId"};
     static const PropertyTable<OperatingSystem> table = {
-        {"Caption", "Logical System Memory"},
-        {"Description", "System Memory"},
-        {"Name", "System Memory"},
-        {"CreationClassName", requestedName, TextKey},
-        {"DeviceID", "System Memory", deviceId},
-        {"SystemCreationClassName", ComputerSystemClass, TextKey},
-        {"SystemName", hostName, TextKey},
-        {"BlockSize", CIMValue(Uint64{1})},
-        {"ConsumableBlocks", totalBytes},
-        {"NumberOfBlocks", totalBytes},
-        {"SequentialAccess", CIMValue(false)},
-        {"Volatile", CIMValue(true)},
-        {"StartingAddress", CIMValue(Uint64{0})},
-        {"EndingAddress", totalBytes}, // one past the last byte: with the start at 0 it is the size
+        SystemMemoryClass,
+        {
+            {"Caption", "Logical System Memory"},
+            {"Description", "System Memory"},
+            {"Name", "System Memory"},
+            {"CreationClassName", requestedName, TextKey},
+            {"DeviceID", "System Memory", deviceId},
+            {"SystemCreationClassName", ComputerSystemClass, TextKey},
+            {"SystemName", hostName, TextKey},
+            {"BlockSize", CIMValue(Uint64{1})},
+            {"ConsumableBlocks", totalBytes},
+            {"NumberOfBlocks", totalBytes},
+            {"SequentialAccess", CIMValue(false)},
+            {"Volatile", CIMValue(true)},
+            {"StartingAddress", CIMValue(Uint64{0})},
+            {"EndingAddress", totalBytes}, // one past the last byte: with the start at 0 it is the size
+        },
     };
     table.deliver(GetOperatingSystemInstance(), Request(requestedClass), handler);
 }

@@ -100,6 +100,8 @@ CIMInstance CIMInstance::clone() const
 {
     CIMInstance copy;
     copy.rep_ = std::make_shared<Rep>(rep());
+    for (CIMProperty& property : copy.rep_->properties)
+        property = property.clone();
     return copy;
 }
 }

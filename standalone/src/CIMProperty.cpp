@@ -21,10 +21,10 @@ CIMProperty::CIMProperty(const CIMName& name, const CIMValue& value, Uint32 arra
         throw TypeMismatchException();
     if (!referenceClassName.isNull())
         throw TypeMismatchException();
-    rep_ = std::make_shared<const Rep>(Rep{name, value, arraySize, classOrigin, propagated});
+    rep_ = std::make_shared<Rep>(Rep{name, value, arraySize, classOrigin, propagated});
 }
 
-const CIMProperty::Rep& CIMProperty::rep() const
+CIMProperty::Rep& CIMProperty::rep() const
 {
     if (!rep_)
         throw UninitializedObjectException();
@@ -39,6 +39,14 @@ const CIMName& CIMProperty::getName() const
 const CIMValue& CIMProperty::getValue() const
 {
     return rep().value;
+}
+
+void CIMProperty::setValue(const CIMValue& value)
+{
+    Rep& own = rep();
+    if (!value.typeCompatible(own.value) || (own.arraySize != 0 && value.getArraySize() != own.arraySize))
+        throw TypeMismatchException();
+    own.value = value;
 }
 
 CIMType CIMProperty::getType() const
@@ -70,5 +78,12 @@ Uint32 CIMProperty::getQualifierCount() const
 {
     rep();
     return 0;
+}
+
+CIMProperty CIMProperty::clone() const
+{
+    CIMProperty copy;
+    copy.rep_ = std::make_shared<Rep>(rep());
+    return copy;
 }
 }

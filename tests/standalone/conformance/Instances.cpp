@@ -66,6 +66,44 @@ void properties()
     SHOW(CIMConstProperty(made).getQualifierCount());
 }
 
+void changes()
+{
+    Array<Uint16> two;
+    two.append(1);
+    two.append(2);
+    CIMProperty original(CIMName("A"), CIMValue(two), 2, CIMName(), CIMName("Origin"), true);
+    CIMProperty copy = original;
+    CIMProperty clone = original.clone();
+    two[0] = 7;
+    DO(copy.setValue(CIMValue(two)));
+    DO(copy.setValue(CIMValue(CIMTYPE_UINT16, true, 2)));
+    SHOW(original.getValue());
+    SHOW(clone.getValue());
+    SHOW(clone.getName());
+    SHOW(clone.getArraySize());
+    SHOW(clone.getClassOrigin());
+    SHOW(clone.getPropagated());
+    DO(two.append(3));
+    DO(copy.setValue(CIMValue(two)));
+    DO(copy.setValue(CIMValue(Uint16(1))));
+    DO(copy.setValue(CIMValue(Array<Uint32>())));
+    DO(copy.setValue(CIMValue()));
+    SHOW(copy.getValue());
+    CIMProperty text(CIMName("B"), CIMValue(String("x")));
+    DO(text.setValue(CIMValue(CIMTYPE_STRING, false)));
+    SHOW(text.getValue());
+    DO(text.setValue(CIMValue(String("y"))));
+    SHOW(text.getValue());
+    DO(CIMProperty().setValue(CIMValue()));
+
+    CIMInstance instance = chassis();
+    CIMInstance other = instance.clone();
+    DO(instance.getProperty(0).setValue(CIMValue(String("Chassis1"))));
+    DO(instance.getProperty(1).setValue(CIMValue(Uint32(1))));
+    SHOW(contents(instance).c_str());
+    SHOW(contents(other).c_str());
+}
+
 void instances()
 {
     CIMInstance instance = chassis();
@@ -171,6 +209,7 @@ void showInstances()
 {
     section("CIMProperty, CIMInstance, CIMPropertyList, CIMParamValue");
     properties();
+    changes();
     instances();
     paths();
     sharing();

@@ -9,7 +9,7 @@
 
 namespace Pegasus
 {
-/// A named value of an instance. It never changes, and its copies are the same property.
+/// A named value of an instance. It is a reference object: copies are the same property, clone() makes another one.
 /// Using a default-constructed one throws UninitializedObjectException.
 class PEGASUS_EXPORT CIMProperty
 {
@@ -24,6 +24,8 @@ public:
 
     const CIMName& getName() const;
     const CIMValue& getValue() const;
+    /// Throws TypeMismatchException for a value of another type, or of another size than a fixed-size array has.
+    void setValue(const CIMValue& value);
     CIMType getType() const;
     Boolean isArray() const;
     /// The size of a fixed-size array, else 0.
@@ -33,11 +35,13 @@ public:
     /// 0: properties of this library have no qualifiers.
     Uint32 getQualifierCount() const;
 
+    CIMProperty clone() const;
+
 private:
     struct Rep;
-    const Rep& rep() const;
+    Rep& rep() const;
 
-    std::shared_ptr<const Rep> rep_;
+    std::shared_ptr<Rep> rep_;
 };
 
 /// A property of a constant instance.
