@@ -6,6 +6,14 @@ if(VQ_PEGASUS_LIB_DIR AND NOT VQ_PEGASUS_LIB_DIR MATCHES "^/[^:$;]*$")
         "such as /opt/tog-pegasus/lib, and on every target nobody but root may be able to write there")
 endif()
 
+# From `from`, a directory below the installation prefix, to `to`.
+function(vq_relative_install_path result from to)
+    cmake_path(ABSOLUTE_PATH from BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX})
+    cmake_path(ABSOLUTE_PATH to BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX})
+    file(RELATIVE_PATH relative ${from} ${to})
+    set(${result} ${relative} PARENT_SCOPE)
+endfunction()
+
 # vq_install_linked(<target> <directory> <entry of the run path>...) installs the target, linked once more from the same
 # objects with the run path that it needs where it is installed. CMake would write that one over the build's during the
 # installation, for which it reserves room in the build by empty entries, and an empty entry makes the loader search the

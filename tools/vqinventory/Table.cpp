@@ -1,5 +1,6 @@
 #include "tools/vqinventory/Table.h"
 
+#include "inventory/EndlessCounters.h"
 #include "support/smbios/DumpSource.h"
 #include "support/smbios/EntryPoint.h"
 #include "support/smbios/HostSource.h"
@@ -19,7 +20,6 @@ namespace
 {
 constexpr std::size_t HeaderSize = 4;
 constexpr std::uint8_t EndOfTable = 127;
-constexpr std::uint8_t Endless = 255; // an 8-bit counter never passes it
 
 using Structures = std::vector<SmBios::Table>;
 
@@ -64,30 +64,12 @@ void look(Table& table, const RawTables& raw, const EntryPoint& entryPoint, cons
 void countOptions(Table& table, const SmBios::Table& structure)
 {
     const std::uint8_t count = structure.getByte(0x04); // Count
-    if (count == Endless) {
-        table.endlessOptions = true;
-        return;
-    }
     table.options += count;
     for (unsigned i = 1; i <= count; ++i)
         if (const char* text = structure.getString(static_cast<unsigned char>(i)))
             table.optionBytes += std::strlen(text);
         else
             break; // no further one is there either
-}
-
-// The languages come from type 13; where that is missing the module reads the structure that it found last.
-void lookForLanguages(Table& table, const Structures& structures)
-{
-    for (const unsigned type : {13u, 1u, 0u}) {
-        const auto found = std::find_if(structures.begin(), structures.end(),
-                                        [type](const SmBios::Table& s) { return s.getType() == type; });
-        if (found == structures.end())
-            continue;
-        if (found->getByte(0x04) == Endless) // Installable Languages
-            table.endlessLanguages = type;
-        return;
-    }
 }
 }
 
@@ -108,7 +90,8 @@ Table readTable(const std::optional<std::string>& dumpFile)
         announced.resize(std::min<std::size_t>(announced.size(), entryPoint.tableLength));
         const Structures structures = parseStructures(std::move(announced), entryPoint.structureCount);
         look(table, raw, entryPoint, structures);
-        lookForLanguages(table, structures);
+        table.endlessLanguages = endlessLanguages(structures);
+        table.endlessOptions = hasEndlessOptions(structures);
         for (const SmBios::Table& structure : structures)
             if (structure.getType() == 2)
                 ++table.boards;
