@@ -1,29 +1,38 @@
 /// The flat interface of libSystemProvider.so: the inventory of this machine for programs that use no CIM server.
 ///
-/// C99 and C++17. Load the module with `dlopen` and find each function with `dlsym` by the name it has here. It needs
-/// the CIM library that it was built with, but no server, no configuration and no call before `init`. See
-/// examples/flat_inventory.c.
+/// Most programs are better served by systemprovider_load.h, which calls all of this for them, with no buffer, no size
+/// and no exception. What stands here are the functions as the module exports them.
+///
+/// C99 and C++17. Load the module with `dlopen` and find each function with `dlsym` by the name it has here, or take
+/// the table of them from systemProviderFunctions(). The module needs the CIM library that it was built with, but no
+/// server, no configuration and no call before `init`. See examples/flat_inventory.c.
+///
+/// C++ programs get the names of systemprovider_snapshot.h as well (`os`, `cs` and others), unless they define
+/// SYSTEMPROVIDER_FUNCTIONS_ONLY before they include this header.
 ///
 /// Snapshot. `init` takes a snapshot of the inventory and the accessors read it. Read live on each call instead: the
 /// operating system, the texts of the computer system, and the configuration options. Before the first `init` every
-/// count but `getCount` is 0, texts are empty and numbers are 0. There is no lock: do not call `init` while another
-/// thread uses an accessor. `getBiosReleaseDate`, `Reboot` and `Shutdown` write a line to standard output.
+/// count but `getCount` is 0, texts are empty and numbers are 0. `getBiosReleaseDate`, `Reboot` and `Shutdown` write a
+/// line to standard output.
+///
+/// Threads. There is no lock. Accessors may run at once, in any number of threads. Two calls of `init` may not, nor
+/// `init` beside an accessor, nor `init` beside a request for the class QORTAL_BIOS or one of its superclasses where a
+/// CIM server runs the module in the same process: both ask the BMC by way of one library handle.
 ///
 /// Loading. One thing happens when the module is loaded, before any call: the virtualization probe library
 /// "../lib/libqorxenprobe.so" is asked, where there is one; without the memory for it, `init` is the first to ask.
-/// Nothing else is read. That path is relative to the working
-/// directory, and `init`, `getCSModel` and other calls follow it again: a program that works in a directory beside
-/// which others may write runs their code. Call `chdir("/")` before `dlopen`, and make the names of files full paths
-/// before that; the library is then /lib/libqorxenprobe.so, as it is for a CIM server.
+/// Nothing else is read. That path is relative to the working directory, and `init` follows it again: a program that
+/// works in a directory beside which others may write runs their code. Call `chdir("/")` before `dlopen`, and make the
+/// names of files full paths before that; the library is then /lib/libqorxenprobe.so, as it is for a CIM server.
 ///
 /// Errors. No function reports one. A fact that the machine does not tell is an empty text, a number 0 or an empty
 /// list. Where the SMBIOS table is there but can't be read (only root may), and for an OEM string whose text between
 /// "-[" and "]-" is a single character, a C++ exception (a std::exception whose text tells the reason) leaves `init`;
-/// the first kind also leaves `getCSModel`, `getCSDescription`, `getModel` and `getBBConfigurationOptions`. C can't
-/// catch it: the program ends by std::terminate, which prints the text. A table whose language structure (or, without
-/// one, whose system structure, else BIOS structure, at the same byte, the number of the manufacturer's text) announces
-/// 255 texts keeps `init` from ever returning, and a configuration-option structure that does so
-/// `getBBConfigurationOptions`.
+/// the first kind also leaves `getCSModel`, `getCSDescription`, `getModel` and `getBBConfigurationOptions`. Where
+/// memory runs out, std::bad_alloc leaves `init` and any function that delivers a text or a list. C can't catch either:
+/// the program ends by std::terminate, which prints the text. A table whose language structure (or, without one, whose
+/// system structure, else BIOS structure, at the same byte, the number of the manufacturer's text) announces 255 texts
+/// keeps `init` from ever returning, and a configuration-option structure that does so `getBBConfigurationOptions`.
 ///
 /// An index counts from 0 and is not checked: it must be below the matching count.
 ///
@@ -40,24 +49,6 @@
 
 #ifndef SYSTEMPROVIDER_H
 #define SYSTEMPROVIDER_H
-
-#ifdef __cplusplus
-#include <string>
-#include <vector>
-
-namespace VQ
-{
-class BaseBoard;
-class Bios;
-class Cache;
-class Chassis;
-class ComputerSystem;
-class Firmware;
-class OperatingSystem;
-class Port;
-class Slot;
-}
-#endif
 
 #pragma GCC visibility push(default)
 
@@ -136,11 +127,15 @@ void getBiosVersion(char* buffer);
 /// whole string where there is none. T bytes.
 void getBiosBuildNumber(char* buffer);
 
-void getBiosSerialNumber(char* buffer);    ///< of the system: type 1 Serial Number (07h). T bytes.
-void getBiosCurrentLanguage(char* buffer); ///< type 13 Current Language (15h); empty when not told. T bytes.
+void getBiosSerialNumber(char* buffer); ///< of the system: type 1 Serial Number (07h). T bytes.
 
-/// Type 13 Installable Languages, as a packed list of texts; empty when none is told. Up to 254 texts of together less
-/// than T bytes: 8 + 254 * 9 + T bytes.
+/// Type 13 Current Language (15h); empty when not told. Without a type 13 structure the text whose number stands at 15h
+/// of type 1 (a byte of its UUID), else of type 0. T bytes.
+void getBiosCurrentLanguage(char* buffer);
+
+/// Type 13 Installable Languages (04h), as a packed list of texts; empty when none is told. Without a type 13 structure
+/// the first texts of type 1, else of type 0: as many as its byte 04h says, where the number of the maker's text
+/// stands. Up to 254 texts of together less than T bytes: 8 + 254 * 9 + T bytes.
 void getBiosLanguages(void* buffer);
 
 /// BIOS Release Date (08h), written as the dates of the operating system are, with the date's own offset in minutes
@@ -275,44 +270,22 @@ int Reboot(void);
 /// Prints the line "Shutdown requested" to standard output, and does nothing else: the machine goes on. Always 0.
 int Shutdown(void);
 
+// ---- A dump in place of the machine ---------------------------------------------------------------------------------
+
+/// Names the dump (a file of `dmidecode --dump-bin`) that the module reads from now on; it is read anew whenever the
+/// machine's own table would be. An empty name stands for a machine without SMBIOS. This function is in none of the
+/// module's own libraries: load from-dump/libvqsmbios.so of the module's directory with `dlopen` before the module, and
+/// find it there. The loader then takes that library for the reader that the module asks for. T is the file's size.
+void vqServeSmBiosDump(const char* file);
+
 #ifdef __cplusplus
 }
-
-// ---- C++ only -------------------------------------------------------------------------------------------------------
-
-// The names of these functions carry their parameter types, those of the C++ library that the module was built with.
-// Each writes one packed value at `buffer` and returns the address of the first byte after it. `buffer` needs no
-// alignment; the sizes are exact.
-
-/// An integer. 8 bytes.
-void* packI(void* buffer, int value);
-
-/// A text. 9 bytes and its size. Of a text that holds a zero byte only what stands before it is written, though the
-/// length and the returned address count the whole: the bytes between stay as they were in the buffer.
-void* packS(void* buffer, std::string value);
-
-/// A list of integers. 8 bytes, and 8 for each.
-void* packAI(void* buffer, std::vector<int> values);
-
-/// A list of texts. 8 bytes, and 9 and its size for each.
-void* packAS(void* buffer, std::vector<std::string> values);
-
-// The snapshot itself, for callers built with the same compiler and C++ library. The classes are in inventory/*.h and
-// os/OperatingSystem.h (installed below systemprovider/); only members that are defined in these headers can be used
-// from outside of the module. Take the objects' addresses from `dlsym`: a program that is linked with the module may
-// get a copy of its own in their place.
-
-extern VQ::ComputerSystem cs;
-extern std::vector<VQ::BaseBoard> bb;
-extern VQ::Bios bios;
-extern std::vector<VQ::Cache> caches;
-extern VQ::Chassis chassis;
-extern std::vector<VQ::Firmware> firmwares;
-extern VQ::OperatingSystem os;
-extern std::vector<VQ::Port> ports;
-extern std::vector<VQ::Slot> slots;
 #endif
 
 #pragma GCC visibility pop
+
+#if defined(__cplusplus) && !defined(SYSTEMPROVIDER_FUNCTIONS_ONLY)
+#include "systemprovider_snapshot.h"
+#endif
 
 #endif

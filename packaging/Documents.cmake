@@ -23,12 +23,16 @@ function(vq_install_compressed file directory component)
     set_property(GLOBAL APPEND PROPERTY VQ_COMPRESSED_FILES ${compressed})
 endfunction()
 
-file(GLOB _pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/man/*.[18])
+file(GLOB _pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/man/*.[138])
 foreach(_page ${_pages})
     get_filename_component(_name ${_page} NAME)
-    string(REGEX MATCH "[18]$" _section ${_page})
+    string(REGEX MATCH "[138]$" _section ${_page})
+    set(_component runtime)
+    if(_section EQUAL 3)
+        set(_component development)
+    endif()
     configure_file(${_page} ${CMAKE_CURRENT_BINARY_DIR}/install/${_name} @ONLY)
-    vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/${_name} ${CMAKE_INSTALL_MANDIR}/man${_section} runtime)
+    vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/${_name} ${CMAKE_INSTALL_MANDIR}/man${_section} ${_component})
 endforeach()
 
 # The licence as Debian's copyright files have it: every line indented, an empty one with a dot.
@@ -52,7 +56,10 @@ foreach(_component ${VQ_COMPANION_COMPONENTS})
     install(FILES ${_legal} DESTINATION ${_dir} COMPONENT ${_component})
     vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${_dir} ${_component})
 endforeach()
-install(FILES ${CMAKE_SOURCE_DIR}/examples/flat_inventory.c
+set(_python_doc_dir ${CMAKE_INSTALL_DATAROOTDIR}/doc/python3-systemprovider)
+vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${_python_doc_dir} python)
+install(FILES ${_legal} DESTINATION ${_python_doc_dir} COMPONENT python)
+install(FILES ${CMAKE_SOURCE_DIR}/examples/flat_inventory.c ${CMAKE_SOURCE_DIR}/examples/inventory.c
     DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR}/examples COMPONENT development)
 install(FILES ${CMAKE_SOURCE_DIR}/completions/vq-register ${CMAKE_SOURCE_DIR}/completions/vqinventory
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)

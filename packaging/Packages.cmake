@@ -1,6 +1,6 @@
 # Packages of the build (VQ_PACKAGES): `cpack -G DEB` and `cpack -G RPM` in the build directory, each the package itself,
-# one of what programs of others are made with, and one for each optional library. The paths of the package are those that
-# the build was configured with (CMAKE_INSTALL_PREFIX, VQ_INSTALL_MODULE_DIR, VQ_INSTALL_SCHEMA_DIR,
+# one of what programs of others are made with, the Python module, and one for each optional library. The paths of the
+# package are those that the build was configured with (CMAKE_INSTALL_PREFIX, VQ_INSTALL_MODULE_DIR, VQ_INSTALL_SCHEMA_DIR,
 # VQ_INSTALL_DOC_DIR and GNUInstallDirs' own), because the module and vq-register hold them.
 if(NOT VQ_PACKAGES)
     # Any other would hold a module for /usr/local, or one that is not hardened.
@@ -19,7 +19,10 @@ set(CPACK_PACKAGE_CONTACT "${VQ_PACKAGE_CONTACT}")
 set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_SOURCE_DIR}/LICENSE)
-set(CPACK_COMPONENTS_ALL runtime development ${VQ_COMPANION_COMPONENTS})
+set(CPACK_COMPONENTS_ALL runtime development python ${VQ_COMPANION_COMPONENTS})
+# Each system has its Python's directory elsewhere: an RPM of the module is made where that is one of an RPM system.
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_SOURCE_DIR}/Generator.cmake)
+set(CPACK_VQ_PYTHON_DIR ${VQ_INSTALL_PYTHON_DIR})
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_VERBATIM_VARIABLES ON)
 # Each package has a summary of its own; this text of CPack's is the only one that it does not put before it.
@@ -43,10 +46,14 @@ This package is built against a CIM library of its own. A CIM server can't
 load its module; vqinventory shows the inventory without one.")
 endif()
 
-set(_development_summary "headers and an example for programs that use ${VQ_PACKAGE_NAME}")
+set(_development_summary "headers and examples for programs that use ${VQ_PACKAGE_NAME}")
 set(_development_description "The flat interface of the SystemProvider module hands the inventory of a machine
-to programs without a CIM server. This package holds its headers and a C program
-that uses it.")
+to programs without a CIM server. This package holds its headers, what
+pkg-config and CMake find it by, its manual page and two C programs.")
+
+set(_python_summary "hardware inventory of this machine for Python programs")
+set(_python_description "The module systemprovider gives the inventory that the CIM provider module
+SystemProvider reads as dictionaries and lists, without a CIM server.")
 
 set(_ipmi_summary "the BMC's firmware in the inventory of SystemProvider")
 set(_ipmi_description "A library that asks the baseboard management controller of a machine who it is, by

@@ -15,6 +15,7 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "libc6 (>= ${_glibc}), libgcc-s1, libst
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONFLICTS ${VQ_PACKAGE_OTHER_NAME})
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${_summary}\n${_description}")
 vq_package_scripts(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA deb/postinst deb/prerm)
+list(APPEND CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/deb/triggers)
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${VQ_PACKAGE_NAME}-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -30,3 +31,11 @@ foreach(_component ${VQ_COMPANION_COMPONENTS})
     set(CPACK_DEBIAN_${_name}_PACKAGE_DEPENDS "libc6 (>= ${_glibc}), systemprovider | systemprovider-standalone")
     set(CPACK_DEBIAN_${_name}_DESCRIPTION "${_${_component}_summary}\n${_${_component}_description}")
 endforeach()
+
+# Of any width: the library comes with the machine's own package.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-systemprovider)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "python3 (>= 3.8), ${VQ_PACKAGE_NAME} (= ${PROJECT_VERSION}) | ${VQ_PACKAGE_OTHER_NAME} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION "${_python_summary}\n${_python_description}")

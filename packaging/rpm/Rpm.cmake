@@ -20,6 +20,12 @@ set(CPACK_RPM_DEVELOPMENT_PACKAGE_DESCRIPTION "${_development_description}")
 set(CPACK_RPM_DEVELOPMENT_PACKAGE_REQUIRES "${VQ_PACKAGE_NAME} = ${PROJECT_VERSION}")
 set(CPACK_RPM_DEVELOPMENT_PACKAGE_CONFLICTS ${VQ_PACKAGE_OTHER_NAME}-devel)
 
+set(CPACK_RPM_PYTHON_PACKAGE_NAME python3-systemprovider)
+set(CPACK_RPM_PYTHON_PACKAGE_ARCHITECTURE noarch)
+set(CPACK_RPM_PYTHON_PACKAGE_SUMMARY "${_python_summary}")
+set(CPACK_RPM_PYTHON_PACKAGE_DESCRIPTION "${_python_description}")
+set(CPACK_RPM_PYTHON_PACKAGE_REQUIRES "python3 >= 3.8, ${VQ_PACKAGE_NAME} = ${PROJECT_VERSION}")
+
 # By the names of the libraries, which every distribution's packages provide. rpmbuild finds them by itself only where
 # libraries are installed as executable files.
 set(_needed libc.so.6 libgcc_s.so.1 libstdc++.so.6)
@@ -44,15 +50,21 @@ endforeach()
 
 # The module's libraries are nobody else's.
 set(CPACK_RPM_SPEC_MORE_DEFINE "%global _build_id_links none
-%global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/(${VQ_INSTALL_MODULE_DIR}|${VQ_INSTALL_PROBE_DIR})/.*$
+%global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/(${VQ_INSTALL_MODULE_DIR}/.*|${VQ_INSTALL_PROBE_DIR}/libqorxenprobe[.]so)$
 %global __requires_exclude ^lib(vq[a-z]+|SystemProvider)[.]so.*$")
 # Directories of the system, which other packages own.
 foreach(_dir lib ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_SBINDIR} ${CMAKE_INSTALL_INCLUDEDIR}
         ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_DATAROOTDIR}/doc ${CMAKE_INSTALL_MANDIR}
-        ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_MANDIR}/man8
+        ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_MANDIR}/man3 ${CMAKE_INSTALL_MANDIR}/man8
+        ${CMAKE_INSTALL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_LIBDIR}/cmake
         ${CMAKE_INSTALL_DATADIR}/bash-completion ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
     list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION ${CMAKE_INSTALL_PREFIX}/${_dir})
 endforeach()
+set(_dir ${VQ_INSTALL_PYTHON_DIR})
+while(_dir)
+    list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION ${CMAKE_INSTALL_PREFIX}/${_dir})
+    get_filename_component(_dir ${_dir} DIRECTORY)
+endwhile()
 
 vq_package_scripts(_scripts rpm/post rpm/preun)
 if(_scripts)

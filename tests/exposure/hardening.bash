@@ -57,7 +57,7 @@ while read -r file; do
     check "${file#"$scratch/root"} has the checks of the C++ library" _ZSt21__glibcxx_assert_failPKciS0_S0_ \
         "$(imports "$file" | grep glibcxx_assert_fail)"
 done < <(elf_files "$scratch/root")
-if [ "$cim_library" = openpegasus ]; then expected=8; else expected=9; fi
+if [ "$cim_library" = openpegasus ]; then expected=9; else expected=10; fi
 check "installed files that were looked at" $expected "$count"
 check "the C example" "" "$(faults "$example")"
 finish

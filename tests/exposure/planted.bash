@@ -24,8 +24,8 @@ rm -f "$VQ_PLANTED_MARK"
 answers()
 {
     local there elsewhere code=0
-    elsewhere=$(cd "$source_dir" && "$@" 2>&1 | grep -vE 'Free|Processes|LocalDateTime|LastBootUpTime|seconds') || true
-    there=$(cd "$place" && "$@" 2>&1 | grep -vE 'Free|Processes|LocalDateTime|LastBootUpTime|seconds') || true
+    elsewhere=$(cd "$source_dir" && "$@" 2>&1 | grep -vE 'Free|Up since|Processes|LocalDateTime|LastBootUpTime|seconds') || true
+    there=$(cd "$place" && "$@" 2>&1 | grep -vE 'Free|Up since|Processes|LocalDateTime|LastBootUpTime|seconds') || true
     check "${*##*/} answers as elsewhere" "$elsewhere" "$there"
     check "${*##*/} loads nothing that lies there" "" "$(marks)"
 }
@@ -40,8 +40,12 @@ answers "$tool" names --from-dump "$dump"
 answers "$tool" get 'QORTAL_ComputerSystem.CreationClassName="QORTAL_ComputerSystem",Name="x"'
 answers "$tool" --module "$module" --from-dump "$dump" QORTAL_BIOS
 answers "$example" "$module" "$dump"
+answers "$inventory"
+answers "$inventory" "$dump"
+answers "$inventory" --module "$module" "$dump"
 answers "$reload" "$module" "$binary_dir/lib/from-dump/libvqsmbios.so" "$dump" 1
 (cd "$place" && "$tool" --module module.so --from-dump dump.bin --format json) >/dev/null
+(cd "$place" && "$inventory" --module module.so dump.bin >/dev/null)
 (cd "$place" && "$example" module.so >/dev/null && "$example" ./module.so dump.bin >/dev/null)
 check "files by relative names" "" "$(marks)"
 

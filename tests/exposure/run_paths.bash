@@ -38,6 +38,6 @@ while read -r file; do
     count=$((count + 1))
     check "run path of ${file#"$scratch/root"}" "" "$(foreign_entries "$file")"
 done < <(elf_files "$scratch/root")
-if [ "$cim_library" = openpegasus ]; then expected=8; else expected=9; fi
+if [ "$cim_library" = openpegasus ]; then expected=9; else expected=10; fi
 check "installed files that were looked at" $expected "$count"
 finish

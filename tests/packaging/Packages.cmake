@@ -5,6 +5,8 @@ cpack='@CMAKE_CPACK_COMMAND@'
 cmake='@CMAKE_COMMAND@'
 readelf='@CMAKE_READELF@'
 compile=('@CMAKE_C_COMPILER@' @CMAKE_C_FLAGS@)
+compile_cxx=('@CMAKE_CXX_COMPILER@' @CMAKE_CXX_FLAGS@)
+pegasus_include='@Pegasus_INCLUDE_DIR@'
 source_dir='@CMAKE_SOURCE_DIR@'
 binary_dir='@CMAKE_BINARY_DIR@'
 package_dir='@CMAKE_CURRENT_BINARY_DIR@/packages'
@@ -17,6 +19,8 @@ contact='@VQ_PACKAGE_CONTACT@'
 bin='@CMAKE_INSTALL_FULL_BINDIR@'
 sbin='@CMAKE_INSTALL_FULL_SBINDIR@'
 include='@CMAKE_INSTALL_FULL_INCLUDEDIR@'
+lib='@CMAKE_INSTALL_FULL_LIBDIR@'
+python_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_PYTHON_DIR@'
 man='@CMAKE_INSTALL_FULL_MANDIR@'
 module_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_MODULE_DIR@'
 probe_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_PROBE_DIR@'
@@ -44,6 +48,7 @@ vq_package_test(deb_installation FIXTURES_REQUIRED deb)
 vq_package_test(development FIXTURES_REQUIRED deb)
 vq_package_test(companions FIXTURES_REQUIRED deb)
 vq_package_test(companions_installation FIXTURES_REQUIRED deb)
+vq_package_test(python FIXTURES_REQUIRED deb)
 vq_package_test(rpm RESOURCE_LOCK cpack)
 vq_package_test(check_files RESOURCE_LOCK cpack)
 vq_package_test(maintainer)

@@ -39,6 +39,7 @@ deb=$package_dir/${package}_${version}_$deb_architecture.deb
 development_deb=$package_dir/$package-dev_${version}_$deb_architecture.deb
 ipmi_deb=$package_dir/systemprovider-ipmi_${version}_$deb_architecture.deb
 xen_deb=$package_dir/systemprovider-xen_${version}_$deb_architecture.deb
+python_deb=$package_dir/python3-systemprovider_${version}_all.deb
 
 # The files of a package, sorted.
 expected_files()
@@ -52,6 +53,8 @@ $module_dir/libvqcommon.so
 $module_dir/libvqpegasus.so
 $module_dir/libvqsmbios.so
 $module_dir/from-dump/libvqsmbios.so
+$lib/libsystemprovider_load.so.${version%%.*}
+$lib/libsystemprovider_load.so.$version
 $doc_dir/LICENSE
 $completion_dir/vq-register
 $completion_dir/vqinventory
@@ -72,24 +75,50 @@ END
 
 expected_development_files()
 {
-    sort <<END
+    {
+        cat <<END
 $include/systemprovider.h
+$include/systemprovider_load.h
 $include/systemprovider_packed.h
+$include/systemprovider_snapshot.h
 $include/systemprovider/inventory/BaseBoard.h
 $include/systemprovider/inventory/Bios.h
 $include/systemprovider/inventory/Cache.h
 $include/systemprovider/inventory/Chassis.h
 $include/systemprovider/inventory/ComputerSystem.h
-$include/systemprovider/inventory/Firmware.h
 $include/systemprovider/inventory/Port.h
 $include/systemprovider/inventory/Slot.h
 $include/systemprovider/os/OperatingSystem.h
 $include/systemprovider/support/common/DateTime.h
 $include/systemprovider/support/common/Export.h
+$lib/cmake/SystemProvider/SystemProviderConfig.cmake
+$lib/cmake/SystemProvider/SystemProviderConfigVersion.cmake
+$lib/cmake/SystemProvider/SystemProviderTargets-relwithdebinfo.cmake
+$lib/cmake/SystemProvider/SystemProviderTargets.cmake
+$lib/libsystemprovider_load.so
+$lib/pkgconfig/systemprovider.pc
+$man/man3/systemprovider.3.gz
 $doc_dir-dev/LICENSE
 $doc_dir-dev/changelog.gz
 $doc_dir-dev/copyright
 $doc_dir-dev/examples/flat_inventory.c
+$doc_dir-dev/examples/inventory.c
+END
+        [ "$cim_library" != openpegasus ] || echo "$include/systemprovider/inventory/Firmware.h"
+    } | sort
+}
+
+expected_python_files()
+{
+    sort <<END
+$python_dir/systemprovider/__init__.py
+$python_dir/systemprovider/_library.py
+$python_dir/systemprovider/_records.py
+$python_dir/systemprovider/_types.py
+$python_dir/systemprovider/py.typed
+${doc_dir%/*}/python3-systemprovider/LICENSE
+${doc_dir%/*}/python3-systemprovider/changelog.gz
+${doc_dir%/*}/python3-systemprovider/copyright
 END
 }
 

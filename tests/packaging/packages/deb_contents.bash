@@ -6,7 +6,7 @@ root=$scratch/root
 dpkg-deb -x "$deb" "$root"
 
 check "files" "$(expected_files)" "$(cd "$root" && find . ! -type d | sed 's/^\.//' | sort)"
-check "owners and permissions" "" "$(dpkg-deb -c "$deb" | grep -vE '^(-rw-r--r--|-rwxr-xr-x|drwxr-xr-x) root/root ' || true)"
+check "owners and permissions" "" "$(dpkg-deb -c "$deb" | grep -vE '^(-rw-r--r--|-rwxr-xr-x|drwxr-xr-x|lrwxrwxrwx) root/root ' || true)"
 check "nothing names the directories of this build" "" "$(grep -rlF -e "$binary_dir" -e "$source_dir" "$root" || true)"
 
 field() { dpkg-deb -f "$deb" "$1"; }
@@ -19,11 +19,12 @@ check "licence" "License: Expat
  ." "$(sed -n '/^License:/,+2p' "$root$doc_dir/copyright")"
 check "last line of the licence" " $(tail -1 "$source_dir/LICENSE")" "$(tail -1 "$root$doc_dir/copyright")"
 check "dependencies" "libc6 libgcc-s1 libstdc++6" "$(field Depends | sed 's/ ([^)]*)//g; s/,//g')"
+check "the loader is told of the library" "activate-noawait ldconfig" "$(dpkg-deb --ctrl-tarfile "$deb" | tar -xO ./triggers)"
 if [ "$cim_library" = openpegasus ]; then other=systemprovider-standalone; else other=systemprovider; fi
 check "conflict with the other kind" "$other" "$(field Conflicts)"
 
 # Every library that the package's files need is in the package, in a package that it depends on, or is the server's.
-needed() { find "$root" -name '*.so' -o -path '*/bin/vqinventory' | xargs -n1 readelf -d | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' | sort -u; }
+needed() { find "$root" -name '*.so' -o -name '*.so.[0-9]*' -o -path '*/bin/vqinventory' | xargs -n1 readelf -d | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' | sort -u; }
 from_elsewhere='^(libc\.so\.6|libm\.so\.6|ld-linux.*\.so\.2|libgcc_s\.so\.1|libstdc\+\+\.so\.6)$'
 [ "$cim_library" != openpegasus ] || from_elsewhere="$from_elsewhere|^libpeg(common|provider)\.so\.1\$"
 unexplained=
@@ -32,12 +33,12 @@ for library in $(needed | grep -vE "$from_elsewhere"); do
 done
 check "libraries that no dependency explains" "" "$unexplained"
 # The newest version of the C library that is asked for is not newer than the dependency says.
-newest=$(find "$root" -name '*.so' -o -path '*/bin/vqinventory' | xargs -n1 objdump -T | sed -n 's/.*GLIBC_\([0-9.]*\).*/\1/p' | sort -uV | tail -1)
+newest=$(find "$root" -name '*.so' -o -name '*.so.[0-9]*' -o -path '*/bin/vqinventory' | xargs -n1 objdump -T | sed -n 's/.*GLIBC_\([0-9.]*\).*/\1/p' | sort -uV | tail -1)
 promised=$(field Depends | sed -n 's/.*libc6 (>= \([0-9.]*\)).*/\1/p')
 check "C library, oldest that will do" "$promised" "$(printf '%s\n' "$newest" "$promised" | sort -V | tail -1)"
 
 class=$((pointer_size == 4 ? 1 : 2))
-for file in "$root$module_dir"/*.so "$root$module_dir"/from-dump/*.so "$root$bin/vqinventory"; do
+for file in "$root$module_dir"/*.so "$root$module_dir"/from-dump/*.so "$root$lib/libsystemprovider_load.so.$version" "$root$bin/vqinventory"; do
     check "width of ${file#"$root"}" "7f454c460$class" "$(od -An -tx1 -N5 "$file" | tr -d ' ')"
 done
 

@@ -12,15 +12,16 @@ xen_rpm=$package_dir/systemprovider-xen-$version-1.$rpm_architecture.rpm
 check "the packages' names" "$(printf '%s\n' "$rpm" "$development_rpm" "$ipmi_rpm" "$xen_rpm" | sort)" "$(find "$package_dir" -name '*.rpm' | sort)"
 
 query() { rpm -qp "$@" "${of-$rpm}" 2>/dev/null; }
-check "files" "$(expected_files)" "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^-[rwx-]* //p' | sort)"
+check "files" "$(expected_files)" "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^[-l][rwx-]* //p' | sort)"
 check "directories" "$(printf '%s\n' "$doc_dir" "$module_dir" "$module_dir/from-dump" "$schema_dir" | sort)" \
     "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^d[rwx-]* //p' | sort)"
 check "architecture" "$rpm_architecture" "$(query --qf '%{ARCH}')"
 check "licence" MIT "$(query --qf '%{LICENSE}')"
 of=$development_rpm
 check "files for development" "$(expected_development_files)" \
-    "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^-[rwx-]* //p' | sort)"
+    "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^[-l][rwx-]* //p' | sort)"
 check "directories for development" "$(printf '%s\n' "$doc_dir-dev" "$doc_dir-dev/examples" "$include/systemprovider" \
+    "$lib/cmake/SystemProvider" \
     "$include/systemprovider/inventory" "$include/systemprovider/os" "$include/systemprovider/support" \
     "$include/systemprovider/support/common" | sort)" \
     "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^d[rwx-]* //p' | sort)"
@@ -43,7 +44,8 @@ libc.so.6$mark" "$(query --requires | grep -vE "^(rpmlib|rtld)|GLIBC_" | sort -u
     check "scripts of $library" "(none)(none)" "$(query --qf '%{POSTIN}%{PREUN}')"
 done
 unset of
-check "no library of the package is offered to others" "" "$(query --provides | grep -E '^lib' || true)"
+if [ "$pointer_size" = 4 ]; then mark=; else mark='()(64bit)'; fi
+check "libraries that are offered to others" "libsystemprovider_load.so.${version%%.*}$mark" "$(query --provides | grep -E '^lib' || true)"
 check "no library of the package is asked of others" "" "$(query --requires | grep -E '^lib(vq|System)' || true)"
 libraries="libc.so.6$mark libgcc_s.so.1$mark libstdc++.so.6$mark"
 [ "$cim_library" != openpegasus ] || libraries="libc.so.6$mark libgcc_s.so.1$mark libpegcommon.so.1$mark libpegprovider.so.1$mark libstdc++.so.6$mark"

@@ -1,0 +1,84 @@
+#include "flat/load/InRoot.h"
+
+#include "flat/load/Failure.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <new>
+#include <sched.h>
+#include <string>
+#include <thread>
+#include <unistd.h>
+
+namespace VQ::Load
+{
+
+namespace
+{
+// Texts and not exceptions leave the work: what threw may be unloaded before its exception would be destroyed.
+std::string failureOf(const std::function<void()>& work)
+{
+    try {
+        work();
+        return {};
+    } catch (const std::bad_alloc&) {
+        return "not enough memory";
+    } catch (const std::exception& error) {
+        return *error.what() ? error.what() : "an exception without a text";
+    } catch (...) {
+        return "an exception of an unknown kind";
+    }
+}
+
+void enterRoot()
+{
+    if (chdir("/") != 0)
+        throw Failure(std::string("cannot go to /: ") + std::strerror(errno));
+}
+
+// For as long as it lives, the process works in `/`.
+class ProcessInRoot
+{
+public:
+    ProcessInRoot() : _before(open(".", O_PATH | O_DIRECTORY | O_CLOEXEC))
+    {
+        if (_before < 0)
+            throw Failure(std::string("cannot tell the working directory: ") + std::strerror(errno));
+    }
+    ~ProcessInRoot()
+    {
+        // There is nothing to be done where the directory was closed to this process meanwhile: it stays in `/`.
+        [[maybe_unused]] const int result = fchdir(_before);
+        close(_before);
+    }
+    ProcessInRoot(const ProcessInRoot&) = delete;
+    ProcessInRoot& operator=(const ProcessInRoot&) = delete;
+
+private:
+    int _before;
+};
+}
+
+void inRoot(const std::function<void()>& work)
+{
+    bool apart = false;
+    std::string failure;
+    const auto workInRoot = [&work] {
+        enterRoot();
+        work();
+    };
+    std::thread([&] {
+        apart = unshare(CLONE_FS) == 0;
+        if (apart)
+            failure = failureOf(workInRoot);
+    }).join();
+    if (!apart) {
+        const ProcessInRoot process;
+        failure = failureOf(workInRoot);
+    }
+    if (!failure.empty())
+        throw Failure(failure);
+}
+
+}

@@ -1,0 +1,450 @@
+// systemprovider_load.h as a C++ program uses it. The dumps are read by the reader that this program holds as well, so
+// the machine is read by the C programs only (LoadProgramTest.cpp).
+
+#include "flat/systemprovider_load.h"
+#include "flat/systemprovider_packed.h"
+#include "tests/testing/FullTable.h"
+#include "tests/testing/LargeTables.h"
+#include "tests/testing/ServedTable.h"
+
+#include <cstdio>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <memory>
+#include <sstream>
+#include <thread>
+#include <unistd.h>
+
+namespace
+{
+const char* const ModuleFile = VQ_LIB_DIR "/libSystemProvider.so";
+
+using Module = std::unique_ptr<SystemProvider, void (*)(SystemProvider*)>;
+using Inventory = std::unique_ptr<SystemProviderInventory, void (*)(SystemProviderInventory*)>;
+
+// A file that is removed again.
+class TemporaryFile
+{
+public:
+    explicit TemporaryFile(const std::vector<unsigned char>& bytes) : _path(writeTemporaryFile(bytes)) {}
+    explicit TemporaryFile(const TableBuilder& table) : TemporaryFile(table.dump()) {}
+    ~TemporaryFile() { std::remove(_path.c_str()); }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    const std::string& path() const { return _path; }
+
+private:
+    std::string _path;
+};
+
+Module open(const std::string& dump, const char* module = ModuleFile)
+{
+    return {systemProviderOpen(module, dump.c_str()), systemProviderClose};
+}
+
+Inventory read(const Module& module)
+{
+    return {systemProviderRead(module.get()), systemProviderFree};
+}
+
+Inventory inventoryOf(const TableBuilder& table)
+{
+    const TemporaryFile dump(table);
+    Inventory inventory = read(open(dump.path()));
+    EXPECT_NE(inventory, nullptr) << systemProviderError();
+    return inventory;
+}
+
+// Why the table can't be read. Its file is FILE.
+std::string failureOf(const TableBuilder& table)
+{
+    const TemporaryFile dump(table);
+    const Module module = open(dump.path());
+    EXPECT_NE(module, nullptr) << systemProviderError();
+    EXPECT_EQ(read(module), nullptr);
+    std::string text = systemProviderError();
+    const std::size_t found = text.find(dump.path());
+    return found == std::string::npos ? text : text.replace(found, dump.path().size(), "FILE");
+}
+
+std::string failureToOpen(const std::string& dump, const std::string& module = ModuleFile)
+{
+    EXPECT_EQ(open(dump, module.c_str()), nullptr);
+    return systemProviderError();
+}
+
+// The module in another file, in which the first of these texts is the second, of the same length.
+std::vector<unsigned char> moduleWith(const std::string& text, const std::string& other)
+{
+    std::ifstream in(ModuleFile, std::ios::binary);
+    std::ostringstream out;
+    out << in.rdbuf();
+    std::string bytes = out.str();
+    const std::size_t found = bytes.find(text);
+    EXPECT_NE(found, std::string::npos);
+    bytes.replace(found, text.size(), other);
+    return {bytes.begin(), bytes.end()};
+}
+
+// What a plain accessor writes.
+template <class Result, class... Index> std::string plain(Result (*get)(char*, Index...), Index... index)
+{
+    char buffer[4096];
+    get(buffer, index...);
+    return buffer;
+}
+
+std::vector<std::string> textsOf(const SystemProviderTexts& texts)
+{
+    return {texts.values, texts.values + texts.count};
+}
+
+std::vector<int> numbersOf(const SystemProviderNumbers& numbers)
+{
+    return {numbers.values, numbers.values + numbers.count};
+}
+
+TableBuilder slots(std::initializer_list<const char*> designations)
+{
+    TableBuilder table;
+    for (const char* designation : designations)
+        table.type(9).string(0x04, designation);
+    return table.type(127);
+}
+}
+
+TEST(Load, GivesEveryTextOfTheTableAsThePlainFunctionsDo)
+{
+    const TemporaryFile dump(fullTable());
+    const Module module = open(dump.path());
+    ASSERT_NE(module, nullptr) << systemProviderError();
+    const Inventory inventory = read(module);
+    ASSERT_NE(inventory, nullptr) << systemProviderError();
+    const SystemProviderFunctions& get = *systemProviderFunctions(module.get());
+
+    const SystemProviderComputerSystem& computer = *systemProviderComputerSystem(inventory.get());
+    EXPECT_EQ(computer.name, plain(get.getCSName));
+    EXPECT_EQ(computer.model, plain(get.getCSModel));
+    EXPECT_EQ(computer.description, plain(get.getCSDescription));
+    EXPECT_STREQ(computer.ownerName, "");
+    EXPECT_STREQ(computer.ownerContact, "");
+
+    const SystemProviderBios& bios = *systemProviderBios(inventory.get());
+    EXPECT_EQ(bios.manufacturer, plain(get.getBiosManufacturer));
+    EXPECT_EQ(bios.version, plain(get.getBiosVersion));
+    EXPECT_EQ(bios.buildNumber, plain(get.getBiosBuildNumber));
+    EXPECT_EQ(bios.serialNumber, plain(get.getBiosSerialNumber));
+    EXPECT_EQ(bios.currentLanguage, plain(get.getBiosCurrentLanguage));
+    EXPECT_EQ(bios.releaseDate, plain(get.getBiosReleaseDate));
+    EXPECT_EQ(bios.smBiosVersion, plain(get.getBiosSmBiosVersion));
+    EXPECT_EQ(bios.smBiosMajorVersion, get.getBiosSmBiosMajorVersion());
+    EXPECT_EQ(bios.smBiosMinorVersion, get.getBiosSmBiosMinorVersion());
+    EXPECT_EQ(bios.loadedStartingAddress, get.getBiosLoadedStartingAddress());
+    EXPECT_EQ(bios.loadedEndingAddress, get.getBiosLoadedEndingAddress());
+
+    const SystemProviderChassis& chassis = *systemProviderChassis(inventory.get());
+    EXPECT_EQ(chassis.manufacturer, plain(get.getChassisManufacturer));
+    EXPECT_EQ(chassis.version, plain(get.getChassisVersion));
+    EXPECT_EQ(chassis.serialNumber, plain(get.getChassisSerialNumber));
+    EXPECT_EQ(chassis.assetTag, plain(get.getChassisAssetTag));
+
+    ASSERT_EQ(systemProviderFirmwareCount(inventory.get()), static_cast<size_t>(get.getFirmwareCount()));
+    ASSERT_EQ(systemProviderBaseBoardCount(inventory.get()), static_cast<size_t>(get.getBBCount()));
+    ASSERT_EQ(systemProviderCacheCount(inventory.get()), static_cast<size_t>(get.getCacheCount()));
+    ASSERT_EQ(systemProviderPortCount(inventory.get()), static_cast<size_t>(get.getPortCount()));
+    ASSERT_EQ(systemProviderSlotCount(inventory.get()), static_cast<size_t>(get.getSlotCount()));
+    ASSERT_GT(get.getFirmwareCount(), 0);
+    ASSERT_GT(get.getBBCount(), 0);
+    for (unsigned int i = 0; const SystemProviderFirmware* firmware = systemProviderFirmware(inventory.get(), i); ++i) {
+        EXPECT_EQ(firmware->name, plain(get.getFirmwareName, i));
+        EXPECT_EQ(firmware->version, plain(get.getFirmwareVersion, i));
+        EXPECT_EQ(firmware->manufacturer, plain(get.getFirmwareManufacturer, i));
+        EXPECT_EQ(firmware->serialNumber, plain(get.getFirmwareSerialNumber, i));
+        EXPECT_EQ(firmware->buildNumber, plain(get.getFirmwareBuildNumber, i));
+        EXPECT_EQ(firmware->releaseDate, plain(get.getFirmwareReleaseDate, i));
+    }
+    for (unsigned int i = 0; const SystemProviderBaseBoard* board = systemProviderBaseBoard(inventory.get(), i); ++i) {
+        EXPECT_EQ(board->manufacturer, plain(get.getBBManufacturer, i));
+        EXPECT_EQ(board->product, plain(get.getBBProduct, i));
+        EXPECT_EQ(board->version, plain(get.getBBVersion, i));
+        EXPECT_EQ(board->serialNumber, plain(get.getBBSerialNumber, i));
+        EXPECT_EQ(board->assetTag, plain(get.getBBAssetTag, i));
+        EXPECT_EQ(board->location, plain(get.getBBLocation, i));
+    }
+    for (unsigned int i = 0; const SystemProviderPort* port = systemProviderPort(inventory.get(), i); ++i) {
+        EXPECT_STREQ(port->name, "");
+        EXPECT_STREQ(port->model, "");
+        EXPECT_STREQ(port->manufacturer, "");
+        EXPECT_EQ(port->internalReferenceDesignator, plain(get.getPortInternalReferenceDesignator, i));
+        EXPECT_EQ(port->externalReferenceDesignator, plain(get.getPortExternalReferenceDesignator, i));
+        EXPECT_EQ(port->type, get.getPortType(i));
+    }
+    for (unsigned int i = 0; const SystemProviderSlot* slot = systemProviderSlot(inventory.get(), i); ++i)
+        EXPECT_EQ(slot->designation, plain(get.getSlotDesignation, i));
+}
+
+TEST(Load, GivesTheFactsOfACache)
+{
+    TableBuilder table;
+    table.type(7).string(0x04, "L2").word(0x05, 0x0281).word(0x07, 0x8002).word(0x09, 0x8001);
+    table.byte(0x0F, 7).byte(0x10, 5).byte(0x11, 4).byte(0x12, 8);
+    const Inventory inventory = inventoryOf(table.type(127));
+    const SystemProviderCache* cache = systemProviderCache(inventory.get(), 0);
+    ASSERT_NE(cache, nullptr);
+    EXPECT_STREQ(cache->designation, "L2");
+    EXPECT_STREQ(cache->purpose, "L2");
+    EXPECT_EQ(cache->associativity, 8);
+    EXPECT_EQ(cache->writePolicy, 5);
+    EXPECT_EQ(cache->type, 4);
+    EXPECT_EQ(cache->location, 0);
+    EXPECT_EQ(cache->level, 4);
+    EXPECT_EQ(cache->errorCorrectionType, 5);
+    EXPECT_EQ(cache->speed, 7u);
+    EXPECT_EQ(cache->size, 64u);
+    EXPECT_EQ(cache->maximumSize, 128u);
+    EXPECT_EQ(cache->installedSize, 64u);
+    EXPECT_EQ(cache->numberOfBlocks, 1u);
+    EXPECT_EQ(numbersOf(cache->supportedSramType), std::vector<int>());
+    EXPECT_EQ(numbersOf(cache->currentSramType), std::vector<int>());
+}
+
+TEST(Load, GivesListsAsArrays)
+{
+    TableBuilder table;
+    table.type(13).byte(0x04, 2).byte(0x15, 2).string("en").string("de");
+    table.type(12).byte(0x04, 3).string("JP1: open").string("JP2: closed"); // the third is announced and lacks
+    table.type(8).byte(0x05, 1).byte(0x07, 8).byte(0x08, 9);
+    const Inventory inventory = inventoryOf(table.type(127));
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(textsOf(systemProviderBios(inventory.get())->languages), (Texts{"en", "de"}));
+    EXPECT_EQ(textsOf(*systemProviderConfigurationOptions(inventory.get())), (Texts{"JP1: open", "JP2: closed", ""}));
+    ASSERT_EQ(systemProviderPortCount(inventory.get()), 1u);
+    EXPECT_EQ(numbersOf(systemProviderPort(inventory.get(), 0)->connectors), (std::vector<int>{1, 8}));
+}
+
+TEST(Load, TellsTheRunningSystem)
+{
+    setenv("LANG", ("de_DE." + std::string(100000, 'X')).c_str(), 1); // longer than any buffer that one thinks of
+    const Inventory inventory = inventoryOf(TableBuilder().type(127));
+    unsetenv("LANG");
+    const SystemProviderOperatingSystem& os = *systemProviderOperatingSystem(inventory.get());
+    EXPECT_STREQ(os.name, "Linux");
+    EXPECT_STRNE(os.version, "");
+    EXPECT_EQ(os.codeSet, std::string(100000, 'X'));
+    EXPECT_STREQ(os.languageEdition, "de-DE");
+    EXPECT_EQ(os.type, 36);
+    EXPECT_EQ(os.distributed, 0);
+    EXPECT_EQ(os.maxNumberOfProcesses, 2147483647u);
+    EXPECT_GT(os.numberOfProcesses, 0u);
+    EXPECT_EQ(os.numberOfUsers, 0u);
+    EXPECT_GT(os.freePhysicalMemory, 0u);
+    EXPECT_EQ(std::string(os.localDateTime).size(), 25u);
+    EXPECT_LT(std::string(os.lastBootUpTime), os.localDateTime);
+    EXPECT_LT(std::string(os.installDate), os.lastBootUpTime);
+}
+
+TEST(Load, WritesNothingToStandardOutput)
+{
+    testing::internal::CaptureStdout();
+    inventoryOf(fullTable());
+    std::fflush(stdout);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+TEST(Load, OfAMachineWithoutRecordsGivesNone)
+{
+    const Inventory inventory = inventoryOf(TableBuilder().type(127));
+    EXPECT_EQ(systemProviderSlotCount(inventory.get()), 0u);
+    EXPECT_EQ(systemProviderSlot(inventory.get(), 0), nullptr);
+    EXPECT_STREQ(systemProviderChassis(inventory.get())->manufacturer, "");
+    EXPECT_STREQ(systemProviderBios(inventory.get())->releaseDate, "00000000000000.000000+000");
+}
+
+TEST(Load, TakesATextOf60Kilobytes)
+{
+    const std::string text(60000, 'x');
+    TableBuilder table;
+    table.type(9).string(0x04, text);
+    table.type(12).byte(0x04, 1).string(text);
+    const Inventory inventory = inventoryOf(table.form64().type(127));
+    ASSERT_EQ(systemProviderSlotCount(inventory.get()), 1u);
+    EXPECT_EQ(systemProviderSlot(inventory.get(), 0)->designation, text);
+    EXPECT_EQ(textsOf(*systemProviderConfigurationOptions(inventory.get())), std::vector<std::string>{text});
+}
+
+TEST(Load, Takes65535Structures)
+{
+    const Inventory inventory = inventoryOf(tableOf(growingClass("QORTAL_Slot"), 65535));
+    ASSERT_GE(systemProviderSlotCount(inventory.get()), 65534u);
+    EXPECT_STRNE(systemProviderSlot(inventory.get(), 65533)->designation, "");
+    EXPECT_EQ(systemProviderSlot(inventory.get(), 65535), nullptr);
+}
+
+TEST(Load, AnInventoryStaysAsItWasWhateverIsReadAfterIt)
+{
+    const TemporaryFile old(slots({"old 0", "old 1"}));
+    const TemporaryFile young(slots({"young"}));
+    Module module = open(old.path());
+    const Inventory first = read(module);
+    module = open(young.path());
+    const Inventory second = read(module);
+    module.reset();
+    ASSERT_EQ(systemProviderSlotCount(first.get()), 2u);
+    EXPECT_STREQ(systemProviderSlot(first.get(), 1)->designation, "old 1");
+    ASSERT_EQ(systemProviderSlotCount(second.get()), 1u);
+    EXPECT_STREQ(systemProviderSlot(second.get(), 0)->designation, "young");
+}
+
+TEST(Load, TwoDumpsAreOpenAtOnce)
+{
+    const TemporaryFile left(slots({"left"}));
+    const TemporaryFile right(slots({"right"}));
+    const Module leftModule = open(left.path());
+    const Module rightModule = open(right.path());
+    EXPECT_STREQ(systemProviderSlot(read(leftModule).get(), 0)->designation, "left");
+    EXPECT_STREQ(systemProviderSlot(read(rightModule).get(), 0)->designation, "right");
+    EXPECT_STREQ(systemProviderSlot(read(leftModule).get(), 0)->designation, "left");
+}
+
+TEST(Load, ADumpThatChangesAfterwardsMakesNoDifference)
+{
+    const TemporaryFile dump(slots({"one", "two"}));
+    const Module module = open(dump.path());
+    std::ofstream(dump.path(), std::ios::trunc) << "no table any more";
+    const Inventory inventory = read(module);
+    ASSERT_NE(inventory, nullptr) << systemProviderError();
+    EXPECT_EQ(systemProviderSlotCount(inventory.get()), 2u);
+}
+
+TEST(Load, ThreadsReadAtOnce)
+{
+    const TemporaryFile dump(fullTable());
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([&dump] {
+            const Module module = open(dump.path());
+            for (int round = 0; round < 5; ++round) {
+                const Inventory inventory = read(module);
+                ASSERT_NE(inventory, nullptr) << systemProviderError();
+                EXPECT_GT(systemProviderSlotCount(inventory.get()), 0u);
+            }
+            EXPECT_EQ(systemProviderOpen("/nonexistent", nullptr), nullptr);
+            EXPECT_STREQ(systemProviderError(), "cannot load /nonexistent: No such file or directory");
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+TEST(LoadFailure, OfADamagedTableHasTheReadersText)
+{
+    const TemporaryFile dump(std::vector<unsigned char>(64, 0x41));
+    const Module module = open(dump.path());
+    ASSERT_NE(module, nullptr) << systemProviderError();
+    EXPECT_EQ(read(module), nullptr);
+    EXPECT_EQ(systemProviderError(), dump.path() + ": no SMBIOS entry point: expected the bytes \"_SM3_\" "
+                                                   "(5F 53 4D 33 5F), \"_SM_\" (5F 53 4D 5F) or \"_DMI_\" "
+                                                   "(5F 44 4D 49 5F) of an intact entry point, found 41 41 41 41 41");
+}
+
+TEST(LoadFailure, OfAnUnreadableDumpNamesItAndTheReason)
+{
+    EXPECT_EQ(failureToOpen("/nonexistent"), "cannot open /nonexistent: No such file or directory");
+    EXPECT_EQ(failureToOpen("/"), "/: it must be a regular file");
+    EXPECT_EQ(failureToOpen("/dev/zero"), "/dev/zero: it must be a regular file");
+}
+
+TEST(LoadFailure, OfAFactoryIsCaughtThoughItLeavesInit)
+{
+    TableBuilder table;
+    table.type(11).byte(0x04, 1).string("Odd -[X]-");
+    const std::string text = failureOf(table.type(127));
+    EXPECT_EQ(
+        text.rfind("FILE: an OEM string has a bracketed part of one character, such as -[X]-, at which the module "
+                   "fails (basic_string::substr",
+                   0),
+        0u)
+        << text;
+}
+
+TEST(LoadFailure, OfATableThatTheModuleWouldCountWithoutEnd)
+{
+    const std::string end = ", which the module would count without end: update the firmware of the machine";
+    EXPECT_EQ(failureOf(TableBuilder().type(13).byte(0x04, 255).type(127)),
+              "FILE: a structure of type 13 announces 255 languages" + end);
+    EXPECT_EQ(failureOf(TableBuilder().type(1).byte(0x04, 255).type(127)),
+              "FILE: a structure of type 1 announces 255 languages" + end);
+    EXPECT_EQ(failureOf(TableBuilder().type(0).byte(0x04, 255).type(127)),
+              "FILE: a structure of type 0 announces 255 languages" + end);
+    EXPECT_EQ(failureOf(TableBuilder().type(12).byte(0x04, 1).type(12).byte(0x04, 255).type(127)),
+              "FILE: a structure of type 12 announces 255 configuration options" + end);
+}
+
+TEST(LoadFailure, IsNotOfATableWhoseCountsOf255AreNotRead)
+{
+    TableBuilder table;
+    table.type(13).byte(0x04, 254).type(13).byte(0x04, 255); // the first one is read
+    table.type(1).byte(0x04, 255).type(0).byte(0x04, 255).type(12).byte(0x04, 254).type(127);
+    const Inventory inventory = inventoryOf(table);
+    EXPECT_EQ(systemProviderBios(inventory.get())->languages.count, 254u);
+    EXPECT_EQ(systemProviderConfigurationOptions(inventory.get())->count, 254u);
+}
+
+TEST(LoadFailure, LeavesTheModuleAsUsefulAsBefore)
+{
+    const TemporaryFile bad(TableBuilder().type(13).byte(0x04, 255).type(127));
+    const TemporaryFile good(slots({"good"}));
+    const Module badModule = open(bad.path());
+    const Module goodModule = open(good.path());
+    EXPECT_EQ(read(badModule), nullptr);
+    EXPECT_EQ(systemProviderSlotCount(read(goodModule).get()), 1u);
+}
+
+TEST(LoadFailure, OfAModuleThatIsNotThereOrNoModule)
+{
+    EXPECT_EQ(failureToOpen("", "/nonexistent"), "cannot load /nonexistent: No such file or directory");
+    const std::string text = failureToOpen("", "/etc/passwd");
+    EXPECT_EQ(text, "cannot load /etc/passwd: invalid ELF header");
+}
+
+TEST(LoadFailure, OfAModuleOfTheOtherWidthSaysWhichIsNeeded)
+{
+    const bool wide = sizeof(void*) == 8;
+    const char magic[] = {'\x7F', 'E', 'L', 'F', wide ? '\2' : '\1', '\0'};
+    const char other[] = {'\x7F', 'E', 'L', 'F', wide ? '\1' : '\2', '\0'};
+    const TemporaryFile module(moduleWith(magic, other));
+    EXPECT_EQ(failureToOpen("", module.path()),
+              "cannot load " + module.path() + ": wrong ELF class: " + (wide ? "ELFCLASS32" : "ELFCLASS64") +
+                  "; this is a " + (wide ? "64" : "32") + "-bit program, which needs the module of the same width");
+}
+
+TEST(LoadFailure, OfAModuleWithoutItsLibrariesNamesThem)
+{
+    const TemporaryFile module(moduleWith("libvqpegasus.so", "libvqnothere.so"));
+    EXPECT_EQ(failureToOpen("", module.path()),
+              "cannot load " + module.path() +
+                  ": libvqnothere.so: cannot open shared object file: No such file or "
+                  "directory");
+}
+
+TEST(LoadFailure, OfAModuleThatLacksAFunctionNamesIt)
+{
+    const TemporaryFile module(moduleWith("getSlotDesignation", "getSlotDesignatiom"));
+    EXPECT_EQ(failureToOpen("", module.path()),
+              module.path() + " does not export getSlotDesignation: it is no module of this version");
+    EXPECT_EQ(failureToOpen("", VQ_LIB_DIR "/libvqcommon.so"),
+              VQ_LIB_DIR "/libvqcommon.so does not export init: it is no module of this version");
+}
+
+TEST(LoadFailure, OfAModuleWithoutTheReaderOfDumpsNamesThat)
+{
+    const TemporaryFile module(moduleWith("getSlotDesignation", "getSlotDesignation"));
+    EXPECT_NE(failureToOpen(VQ_SOURCE_DIR "/samples/server.bin", module.path()).find("/from-dump/libvqsmbios.so"),
+              std::string::npos)
+        << systemProviderError();
+}
+
+TEST(LoadFailure, OfTheMachineWhileTheProcessReadsDumps)
+{
+    EXPECT_EQ(failureToOpen(""), std::string(ModuleFile) + " is loaded in this process already and reads a dump: close "
+                                                           "it before the machine is opened");
+}
