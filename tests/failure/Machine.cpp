@@ -45,8 +45,7 @@ Bytes table()
 void placeInMemory(std::size_t address, const std::string& file)
 {
     const Bytes structures = table();
-    const Bytes entry =
-        entryPoint32(static_cast<std::uint32_t>(address), static_cast<std::uint16_t>(structures.size()), 0xFFFF);
+    const Bytes entry = entryPoint64(address, static_cast<std::uint32_t>(structures.size()));
     constexpr std::size_t areaEnd = 0x100000;
     constexpr std::size_t entryAddress = 0xF0010;
     Bytes image(std::max(areaEnd, address + structures.size()));
