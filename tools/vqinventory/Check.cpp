@@ -101,6 +101,10 @@ void judgeTable(const Table& table, bool fromDump, Findings& findings)
         if (hasFewerThanAnnounced(table))
             findings.note(name + ": it announces " + std::to_string(*table.announcedStructures) +
                           " structures and ends after " + std::to_string(table.structures));
+        if (table.announcedStructures && table.givenBytes < table.announcedBytes)
+            findings.note(name + ": it announces " + std::to_string(table.announcedBytes) + " bytes, and only " +
+                          std::to_string(table.givenBytes) +
+                          " are there; nothing is missing, since it is marked as ended before");
     }
     if (optionAnswer(table) >= AnswerToMention && optionAnswer(table) < AnswerToRefuse && !table.endlessOptions)
         findings.note(std::string(BoardClass) + ": " + optionCost(table));
