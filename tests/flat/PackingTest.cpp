@@ -252,13 +252,16 @@ TEST(PackedReader, RefusesALengthThatPassesTheEndOfTheBuffer)
 
 TEST(PackedReader, RefusesATextWithoutTerminator)
 {
-    MarkedBuffer buffer;
-    packS(buffer.data(), "abc");
-    buffer.data()[11] = 'd';
-    PackedReader reader = packedReader(buffer.data(), 12);
-    const char* text = nullptr;
-    std::uint32_t length = 0;
-    EXPECT_FALSE(packedText(&reader, &text, &length));
+    for (const std::size_t size : {3u, 70000u}) {
+        std::string bytes(8 + size + 2, '?');
+        packS(bytes.data(), std::string(size, 'x'));
+        bytes[8 + size] = 'x';
+        bytes[8 + size + 1] = 0; // comes too late
+        PackedReader reader = packedReader(bytes.data(), bytes.size());
+        const char* text = nullptr;
+        std::uint32_t length = 0;
+        EXPECT_FALSE(packedText(&reader, &text, &length)) << size;
+    }
 }
 
 TEST(PackedReader, TakesNothingFromAnEmptyBuffer)
