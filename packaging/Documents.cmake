@@ -48,7 +48,7 @@ vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${VQ_INSTALL
 vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${VQ_INSTALL_DEVELOPMENT_DOC_DIR} development)
 set(_legal ${CMAKE_CURRENT_BINARY_DIR}/install/copyright ${CMAKE_SOURCE_DIR}/LICENSE)
 install(FILES ${_legal} ${CMAKE_SOURCE_DIR}/docs/admin.md ${CMAKE_SOURCE_DIR}/docs/classes.md
-    ${CMAKE_SOURCE_DIR}/docs/security.md
+    ${CMAKE_SOURCE_DIR}/docs/security.md ${CMAKE_SOURCE_DIR}/docs/inventory.schema.json
     DESTINATION ${VQ_INSTALL_DOC_DIR})
 install(FILES ${_legal} DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR} COMPONENT development)
 foreach(_component ${VQ_COMPANION_COMPONENTS})

@@ -67,7 +67,7 @@ const Answer& Transcript::answer(const std::string& name) const
 
 nlohmann::json Transcript::inventory(const std::string& name) const
 {
-    return nlohmann::json::parse(answer(name).output);
+    return nlohmann::json::parse(answer(name).output).at("machines").at(0).at("classes");
 }
 
 std::size_t Transcript::find(const std::string& line) const

@@ -25,7 +25,7 @@ public:
     /// The answer of this name. Throws std::runtime_error when the machine was never asked.
     const Answer& answer(const std::string& name) const;
 
-    /// The standard output of a `vqinventory --format json`. Throws when it is not JSON.
+    /// The classes in the standard output of a `vqinventory --format json`. Throws when it is not JSON.
     nlohmann::json inventory(const std::string& name) const;
 
     /// The position of the line that reads exactly so; npos when there is none.

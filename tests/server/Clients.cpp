@@ -38,7 +38,7 @@ nlohmann::ordered_json inventory(const std::vector<std::string>& arguments)
 {
     std::vector<std::string> command = {setting("VQ_TOOL"), "--from-dump", setting("VQ_TEST_DUMP"), "--format", "json"};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    return nlohmann::ordered_json::parse(outputOf(command));
+    return nlohmann::ordered_json::parse(outputOf(command)).at("machines").at(0).at("classes");
 }
 
 std::string textOf(const nlohmann::ordered_json& value)
@@ -237,7 +237,11 @@ std::vector<Instance> expectedInstances(const std::string& className)
 
 std::vector<std::string> expectedPaths(const std::string& className)
 {
-    return inventory({"names", className}).at(className).get<std::vector<std::string>>();
+    std::vector<std::string> paths;
+    const auto inventoried = inventory({"names", className});
+    for (const auto& instance : inventoried.at(className))
+        paths.push_back(instance.at("path"));
+    return paths;
 }
 
 Outcome CimCli::ask(std::vector<std::string> command)

@@ -240,7 +240,8 @@ TEST_F(ToolCheck, NamesTheFaultOfFirmwareThatNoRequestIsAnsweredFor)
 {
     const Check odd = check(TableBuilder().type(11).byte(0x04, 1).string("-[X]-"));
     EXPECT_TRUE(odd.has("problem  QORTAL_BIOS: CIM_ERR_FAILED: basic_string::substr")) << odd.output;
-    EXPECT_TRUE(odd.has("; an OEM string of the firmware has a bracketed part of one character, such as -[X]-"));
+    EXPECT_TRUE(
+        odd.has("; an OEM string of the firmware has a bracketed part of one character, \"-[X]-\": no request"));
 }
 
 TEST_F(ToolCheck, OutlivesAModuleThatIsCut)
@@ -309,5 +310,5 @@ TEST_F(ToolCheck, HasNoMof)
 {
     const ToolRun run = runTool({"check", "--format", "mof"});
     EXPECT_EQ(run.exitCode, 2);
-    EXPECT_EQ(run.errors, "vqinventory: MOF describes instances only; check prints text or json\n");
+    EXPECT_EQ(run.errors, "vqinventory: --format mof is for instances; invoke and check print text or json\n");
 }

@@ -22,6 +22,14 @@ Json parsed(const std::string& text)
     return json;
 }
 
+// The answers of the only machine in what --format json writes.
+Json classes(const std::string& text)
+{
+    const Json machines = parsed(text)["machines"];
+    EXPECT_EQ(machines.size(), 1u) << text;
+    return machines.at(0).at("classes");
+}
+
 TableBuilder slots()
 {
     TableBuilder table;
@@ -57,22 +65,22 @@ TEST(ToolJson, AClassIsAnArrayOfPathKeysAndProperties)
                                 {"Status", "Unknown"},
                                 {"CreationClassName", "QORTAL_Slot"},
                                 {"Tag", "back\\slash"}}}}}}};
-    EXPECT_EQ(parsed(run.output), expected);
+    EXPECT_EQ(classes(run.output), expected);
 }
 
 TEST(ToolJson, HasEveryClassInOneObject)
 {
     const TemporaryFile dump{slots()};
-    const Json all = parsed(runTool({"--format", "json", "--from-dump", dump.name()}).output);
-    std::vector<std::string> classes;
+    const Json all = classes(runTool({"--format", "json", "--from-dump", dump.name()}).output);
+    std::vector<std::string> counts;
     for (const auto& [name, instances] : all.items())
-        classes.push_back(name + " " + std::to_string(instances.size()));
+        counts.push_back(name + " " + std::to_string(instances.size()));
     const std::vector<std::string> expected = {
         "QORTAL_ComputerSystem 1", "QORTAL_BIOS 1", "QORTAL_Chassis 1", "QORTAL_BaseBoard 0",
         "QORTAL_CacheMemory 0",    "QORTAL_Slot 2", "QORTAL_Port 0",    "QORTAL_OperatingSystem 1",
         "QORx_SystemMemory 1",
     };
-    EXPECT_EQ(classes, expected);
+    EXPECT_EQ(counts, expected);
     EXPECT_EQ(all["QORTAL_BIOS"][0]["properties"]["SMBIOSMajorVersion"], 2);
     EXPECT_EQ(all["QORTAL_BIOS"][0]["properties"]["SMBIOSMinorVersion"], 31);
     EXPECT_EQ(all["QORTAL_BIOS"][0]["keys"]["SoftwareElementState"], 3);
@@ -108,24 +116,27 @@ TEST(ToolJson, MapsEveryTypeOfCim)
         {"Numbers", Json::array({0, 8})},
         {"None", Json::array()},
     };
-    const Json instance = parsed(run.output)["Stub_Types"][0];
+    const Json instance = classes(run.output)["Stub_Types"][0];
     EXPECT_EQ(instance["properties"], expected);
     const Json keys = {{"Blank", " x"}, {"Bool", true}, {"S8", -128}, {"U8", 255}};
     EXPECT_EQ(instance["keys"], keys);
 }
 
-TEST(ToolJson, NamesAreArraysOfPaths)
+TEST(ToolJson, NamesAreInstancesWithoutProperties)
 {
     const ToolRun run = runStub({"names", "--format", "json", "Any"});
-    const Json expected = {{"Any", {"Stub_Names.Tag=\"one\"", "Stub_Names.Tag=\"t\x1Bwo\""}}};
-    EXPECT_EQ(parsed(run.output), expected);
+    const Json expected = {
+        {"Any",
+         {{{"class", "Stub_Names"}, {"path", "Stub_Names.Tag=\"one\""}, {"keys", {{"Tag", "one"}}}},
+          {{"class", "Stub_Names"}, {"path", "Stub_Names.Tag=\"t\x1Bwo\""}, {"keys", {{"Tag", "t\x1Bwo"}}}}}}};
+    EXPECT_EQ(classes(run.output), expected);
     EXPECT_EQ(run.exitCode, 0);
 }
 
 TEST(ToolJson, AClassThatFailedIsLeftOutAndOneThatFailedLaterIsKept)
 {
     const ToolRun run = runStub({"--format", "json", "QORTAL_Port", "QORTAL_Chassis", "Foo"});
-    const Json all = parsed(run.output);
+    const Json all = classes(run.output);
     ASSERT_EQ(all.size(), 1u) << run.output;
     EXPECT_EQ(all["QORTAL_Chassis"][0]["keys"]["Tag"], "first");
     EXPECT_EQ(run.exitCode, 1);
@@ -134,7 +145,7 @@ TEST(ToolJson, AClassThatFailedIsLeftOutAndOneThatFailedLaterIsKept)
 TEST(ToolJson, IsAnEmptyObjectWhenNothingWasAnswered)
 {
     const ToolRun run = runStub({"--format", "json", "Foo"});
-    EXPECT_EQ(parsed(run.output), Json::object());
+    EXPECT_EQ(classes(run.output), Json::object());
     EXPECT_EQ(run.exitCode, 1);
 }
 
@@ -142,7 +153,7 @@ TEST(ToolJson, GetHasTheFormOfAnEnumeration)
 {
     const TemporaryFile dump{slots()};
     const std::string path = R"(QORTAL_Slot.CreationClassName="QORTAL_Slot",Tag="back\\slash")";
-    const Json got = parsed(runTool({"get", path, "--format", "json", "--from-dump", dump.name()}).output);
+    const Json got = classes(runTool({"get", path, "--format", "json", "--from-dump", dump.name()}).output);
     ASSERT_EQ(got["QORTAL_Slot"].size(), 1u);
     EXPECT_EQ(got["QORTAL_Slot"][0]["path"], path);
 }
@@ -222,7 +233,7 @@ TEST(ToolText, WritesEveryTypeOfCim)
               "    S32       -2147483648\n"
               "    U64       18446744073709551615\n"
               "    S64       -9223372036854775808\n"
-              "    Odd       q\" b\\ e\\x1B[2J n\\x0At\\x09 d\\x7F c\\x9B u\xC3\xA9 r\\u202Ex\n"
+              "    Odd       q\" b\\\\ e\\x1B[2J n\\x0At\\x09 d\\x7F c\\x9B u\xC3\xA9 r\\u202Ex\n"
               "    Empty     \"\"\n"
               "    Date      20050307120000.000000-330 (2005-03-07 12:00:00 -05:30)\n"
               "    Day       20050307******.******+000 (2005-03-07)\n"

@@ -18,6 +18,7 @@ struct DateTimeText
     bool operator==(const DateTimeText& other) const { return text == other.text; }
 };
 
+/// A number that is not negative is unsigned, whatever its type in CIM.
 using Scalar = std::variant<bool, std::uint64_t, std::int64_t, std::string, DateTimeText>;
 
 struct Value
@@ -25,6 +26,11 @@ struct Value
     bool isNull = false;
     bool isArray = false;
     std::vector<Scalar> elements; ///< one, unless it is an array or null
+
+    bool operator==(const Value& other) const
+    {
+        return isNull == other.isNull && isArray == other.isArray && elements == other.elements;
+    }
 };
 
 struct NamedValue
@@ -59,6 +65,8 @@ struct Answer
     std::string className; ///< as asked for
     std::vector<Instance> instances;
     std::optional<Failure> failure;
+    /// It tells of the machine that was asked: a dump of another one holds nothing of its kernel.
+    bool ofAskedMachine = false;
 };
 
 /// The answer to a method call; `returnValue` is null when the module did not answer.

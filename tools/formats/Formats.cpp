@@ -6,9 +6,11 @@ namespace VQ::Tool
 namespace
 {
 constexpr Format Known[] = {
-    {"text", machinesAsText, namesAsText, resultAsText},
-    {"json", machinesAsJson, namesAsJson, resultAsJson},
-    {"mof", machinesAsMof, nullptr, nullptr},
+    {"text", machinesAsText, summaryAsText, namesAsText, comparisonAsText, resultAsText},
+    {"json", machinesAsJson, summaryAsJson, machinesAsJson, comparisonAsJson, resultAsJson},
+    {"mof", machinesAsMof, nullptr, nullptr, nullptr, nullptr},
+    {"html", machinesAsHtml, summaryAsHtml, nullptr, comparisonAsHtml, nullptr},
+    {"csv", machinesAsCsv, summaryAsCsv, nullptr, comparisonAsCsv, nullptr},
 };
 }
 

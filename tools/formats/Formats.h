@@ -1,6 +1,8 @@
 #pragma once
 
+#include "tools/core/Compare.h"
 #include "tools/core/Machine.h"
+#include "tools/formats/Setting.h"
 #include "tools/knowledge/Schema.h"
 
 #include <string>
@@ -9,12 +11,16 @@
 namespace VQ::Tool
 {
 
+using MachinesWriter = std::string (*)(const std::vector<Machine>& machines, const Setting& setting);
+
 /// A form of output: a function for each thing that it can write, whole lines; null for what it does not offer.
 struct Format
 {
     const char* name; ///< for --format
-    std::string (*machines)(const std::vector<Machine>& machines);
-    std::string (*names)(const std::vector<Machine>& machines); ///< the object paths only
+    MachinesWriter machines;
+    MachinesWriter summary;
+    MachinesWriter names; ///< the object paths only
+    std::string (*comparison)(const Comparison& comparison, const Setting& setting);
     std::string (*result)(const MethodAnswer& answer);
 };
 
@@ -25,18 +31,31 @@ List<Format> formats();
 const Format* findFormat(const std::string& name);
 
 // For people: one section for each class, key properties first and marked, units and the meaning of codes written out,
-// nothing in it that a terminal would obey.
-std::string machinesAsText(const std::vector<Machine>& machines);
-std::string namesAsText(const std::vector<Machine>& machines); ///< a path on each line
+// nothing in it that a terminal would obey. A summary is a screen for one machine, a line each for several.
+std::string machinesAsText(const std::vector<Machine>& machines, const Setting& setting);
+std::string summaryAsText(const std::vector<Machine>& machines, const Setting& setting);
+std::string namesAsText(const std::vector<Machine>& machines, const Setting& setting); ///< a path on each line
+std::string comparisonAsText(const Comparison& comparison, const Setting& setting);
 std::string resultAsText(const MethodAnswer& answer);
 
-// One object: class name -> array of {"path", "keys", "properties"}. A class that failed without delivering anything is
-// left out.
-std::string machinesAsJson(const std::vector<Machine>& machines);
-std::string namesAsJson(const std::vector<Machine>& machines); ///< class name -> array of paths
-std::string resultAsJson(const MethodAnswer& answer);          ///< {"class", "method", "ReturnValue"}
+// Saved answers (core/Saved.h), and objects with what the others say.
+std::string machinesAsJson(const std::vector<Machine>& machines, const Setting& setting);
+std::string summaryAsJson(const std::vector<Machine>& machines, const Setting& setting);
+std::string comparisonAsJson(const Comparison& comparison, const Setting& setting);
+std::string resultAsJson(const MethodAnswer& answer);
 
 /// Instance declarations in the language of DMTF DSP0004.
-std::string machinesAsMof(const std::vector<Machine>& machines);
+std::string machinesAsMof(const std::vector<Machine>& machines, const Setting& setting);
+
+// For spreadsheets: a line for each instance of one machine, for each of several machines, or for each change.
+std::string machinesAsCsv(const std::vector<Machine>& machines, const Setting& setting);
+std::string summaryAsCsv(const std::vector<Machine>& machines, const Setting& setting);
+std::string comparisonAsCsv(const Comparison& comparison, const Setting& setting);
+
+// A page in one file, which needs no script and no network: the summary as pictures, then every class as a table. What
+// changed is a page of its own.
+std::string machinesAsHtml(const std::vector<Machine>& machines, const Setting& setting);
+std::string summaryAsHtml(const std::vector<Machine>& machines, const Setting& setting);
+std::string comparisonAsHtml(const Comparison& comparison, const Setting& setting);
 
 }

@@ -1,102 +1,154 @@
+#include "tools/core/Json.h"
+#include "tools/core/Saved.h"
+#include "tools/core/Summary.h"
+#include "tools/formats/ComparisonText.h"
 #include "tools/formats/Formats.h"
-
-#include <nlohmann/json.hpp>
-
-#include <cstdio>
 
 namespace VQ::Tool
 {
 
 namespace
 {
-using Json = nlohmann::ordered_json; // properties in the order of the delivery
+constexpr int FormatVersion = 1; // of summaries and comparisons
 
-Json toJson(const Scalar& scalar)
+Json orNull(const std::string& text)
 {
-    return std::visit(
-        [](const auto& element) -> Json {
-            if constexpr (std::is_same_v<std::decay_t<decltype(element)>, DateTimeText>)
-                return element.text;
-            else
-                return element;
-        },
-        scalar);
+    return text.empty() ? Json(nullptr) : Json(text);
 }
 
-Json toJson(const Value& value)
+template <class Number> Json orNull(const std::optional<Number>& number)
 {
-    if (value.isNull)
-        return nullptr;
-    if (!value.isArray)
-        return toJson(value.elements.at(0));
-    Json array = Json::array();
-    for (const Scalar& element : value.elements)
-        array.push_back(toJson(element));
-    return array;
+    return number ? Json(*number) : Json(nullptr);
 }
 
-Json toJson(const Instance& instance)
+Json firmwareOf(const Summary& summary)
 {
-    Json keys = Json::object();
-    for (const NamedValue& key : instance.keys)
-        keys[key.name] = toJson(key.value);
-    Json properties = Json::object();
-    for (const Property& property : instance.properties)
-        properties[property.name] = toJson(property.value);
-    return {{"path", instance.path}, {"keys", keys}, {"properties", properties}};
+    Json all = Json::array();
+    for (const FirmwareSummary& firmware : summary.firmware)
+        all.push_back({{"name", firmware.name},
+                       {"maker", orNull(firmware.maker)},
+                       {"version", orNull(firmware.version)},
+                       {"date", orNull(firmware.date)}});
+    return all;
 }
 
-// The library escapes the control characters below U+0020 only; a terminal obeys DEL and C1 (U+0080 to U+009F) too.
-// They can stand in the strings of the document only.
-std::string withoutControls(const std::string& document)
+Json boardsOf(const Summary& summary)
 {
-    std::string safe;
-    char escape[7];
-    for (std::size_t i = 0; i < document.size(); ++i) {
-        unsigned code = static_cast<unsigned char>(document[i]);
-        if (code == 0xC2 && i + 1 < document.size() && static_cast<unsigned char>(document[i + 1]) < 0xA0)
-            code = static_cast<unsigned char>(document[++i]);
-        else if (code != 0x7F) {
-            safe += document[i];
-            continue;
-        }
-        std::snprintf(escape, sizeof escape, "\\u%04x", code);
-        safe += escape;
-    }
-    return safe;
+    Json all = Json::array();
+    for (const BoardSummary& board : summary.boards)
+        all.push_back({{"maker", orNull(board.maker)},
+                       {"serialNumber", orNull(board.serial)},
+                       {"location", orNull(board.location)}});
+    return all;
 }
 
-std::string written(const Json& json)
+Json cachesOf(const Summary& summary)
 {
-    // Bytes that are no UTF-8 become U+FFFD, where the library would otherwise refuse the whole document.
-    return withoutControls(json.dump(2, ' ', false, Json::error_handler_t::replace)) + "\n";
+    Json all = Json::array();
+    for (const CacheSummary& cache : summary.caches)
+        all.push_back({{"count", cache.count},
+                       {"level", cache.level == 0 ? Json(nullptr) : Json(cache.level)},
+                       {"type", orNull(cache.type)},
+                       {"kilobytes", cache.size}});
+    return all;
 }
 
-template <class Convert> std::string byClass(const std::vector<Machine>& machines, const Convert& convert)
+Json slotsOf(const Summary& summary)
 {
-    Json classes = Json::object();
-    for (const Machine& machine : machines) {
-        for (const Answer& answer : machine.answers) {
-            if (answer.failure && answer.instances.empty())
-                continue;
-            Json instances = Json::array();
-            for (const Instance& instance : answer.instances)
-                instances.push_back(convert(instance));
-            classes[answer.className] = instances;
-        }
-    }
-    return written(classes);
+    Json all = Json::array();
+    for (const SlotSummary& slots : summary.slots)
+        all.push_back({{"kind", slots.kind}, {"count", slots.names.size()}, {"names", slots.names}});
+    return all;
+}
+
+Json connectorsOf(const Summary& summary)
+{
+    Json all = Json::array();
+    for (const ConnectorSummary& connector : summary.connectors)
+        all.push_back({{"kind", titleOf(connector.kind)},
+                       {"name", orNull(connector.name)},
+                       {"place", connector.outside ? "outside" : "inside"}});
+    return all;
+}
+
+Json toJson(const Summary& summary)
+{
+    return {{"name", summary.name},
+            {"time", summary.time},
+            {"maker", orNull(summary.maker)},
+            {"product", orNull(summary.product)},
+            {"model", orNull(summary.model)},
+            {"serialNumber", orNull(summary.serial)},
+            {"firmware", firmwareOf(summary)},
+            {"smbiosVersion", orNull(summary.smbiosVersion)},
+            {"boards", boardsOf(summary)},
+            {"caches", cachesOf(summary)},
+            {"memoryBytes", orNull(summary.memory)},
+            {"freeMemoryBytes", orNull(summary.freeMemory)},
+            {"slots", slotsOf(summary)},
+            {"connectors", connectorsOf(summary)},
+            {"operatingSystem", orNull(summary.operatingSystem)},
+            {"uptimeSeconds", orNull(summary.uptime)},
+            {"notTold", summary.missing},
+            {"notes", summary.notes},
+            {"failures", summary.failures}};
+}
+
+Json toJson(const std::optional<Value>& value)
+{
+    return value ? toJson(*value) : Json(nullptr);
+}
+
+Json toJson(const Change& change)
+{
+    Json properties = Json::array();
+    for (const PropertyChange& property : change.properties)
+        properties.push_back(
+            {{"name", property.name}, {"before", toJson(property.before)}, {"after", toJson(property.after)}});
+    return {{"class", change.className},
+            {"kind", wordOf(change.kind)},
+            {"path", change.instance.path},
+            {"properties", properties}};
+}
+
+Json toJson(const MachineComparison& machine)
+{
+    Json changes = Json::array();
+    for (const Change& change : machine.changes)
+        changes.push_back(toJson(change));
+    return {{"name", machine.name},
+            {"kind", wordOf(machine.kind)},
+            {"timeBefore", orNull(machine.timeBefore)},
+            {"timeAfter", orNull(machine.timeAfter)},
+            {"notCompared", machine.notCompared},
+            {"changes", changes}};
 }
 }
 
-std::string machinesAsJson(const std::vector<Machine>& machines)
+std::string machinesAsJson(const std::vector<Machine>& machines, const Setting&)
 {
-    return byClass(machines, [](const Instance& instance) { return toJson(instance); });
+    return savedMachines(machines);
 }
 
-std::string namesAsJson(const std::vector<Machine>& machines)
+std::string summaryAsJson(const std::vector<Machine>& machines, const Setting&)
 {
-    return byClass(machines, [](const Instance& instance) { return Json(instance.path); });
+    Json all = Json::array();
+    for (const Machine& machine : machines)
+        all.push_back(toJson(summarize(machine)));
+    return written({{"format", "systemprovider-summary"}, {"version", FormatVersion}, {"machines", all}});
+}
+
+std::string comparisonAsJson(const Comparison& comparison, const Setting&)
+{
+    Json machines = Json::array();
+    for (const MachineComparison& machine : comparison.machines)
+        machines.push_back(toJson(machine));
+    return written({{"format", "systemprovider-comparison"},
+                    {"version", FormatVersion},
+                    {"before", comparison.before},
+                    {"after", comparison.after},
+                    {"same", isSame(comparison)},
+                    {"machines", machines}});
 }
 
 std::string resultAsJson(const MethodAnswer& answer)

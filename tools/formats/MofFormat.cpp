@@ -1,4 +1,5 @@
 #include "tools/formats/Formats.h"
+#include "tools/formats/Printable.h"
 
 #include <cstdio>
 
@@ -86,13 +87,20 @@ std::string declaration(const Instance& instance)
 }
 }
 
-std::string machinesAsMof(const std::vector<Machine>& machines)
+std::string machinesAsMof(const std::vector<Machine>& machines, const Setting&)
 {
     std::string text;
-    for (const Machine& machine : machines)
-        for (const Answer& answer : machine.answers)
-            for (const Instance& instance : answer.instances)
-                text += (text.empty() ? "" : "\n") + declaration(instance);
+    for (const Machine& machine : machines) {
+        if (machines.size() > 1)
+            text += (text.empty() ? "// " : "\n// ") + printable(machine.name) + "\n\n";
+        bool first = true;
+        for (const Answer& answer : machine.answers) {
+            for (const Instance& instance : answer.instances) {
+                text += (first ? "" : "\n") + declaration(instance);
+                first = false;
+            }
+        }
+    }
     return text;
 }
 

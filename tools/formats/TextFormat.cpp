@@ -1,7 +1,7 @@
 #include "tools/formats/Formats.h"
 #include "tools/formats/Printable.h"
+#include "tools/formats/ValueText.h"
 #include "tools/knowledge/Classes.h"
-#include "tools/knowledge/PropertyNotes.h"
 
 #include <algorithm>
 
@@ -12,33 +12,6 @@ namespace
 {
 constexpr const char* Margin = "    ";
 constexpr const char* KeyMargin = "  * ";
-
-struct Plain
-{
-    std::string operator()(bool value) const { return value ? "true" : "false"; }
-    std::string operator()(std::uint64_t value) const { return std::to_string(value); }
-    std::string operator()(std::int64_t value) const { return std::to_string(value); }
-    std::string operator()(const std::string& value) const
-    {
-        // Without quotes an empty text, or blanks at its ends, could not be seen.
-        const bool blankEnds = !value.empty() && (value.front() == ' ' || value.back() == ' ');
-        return value.empty() || blankEnds ? '"' + printable(value) + '"' : printable(value);
-    }
-    std::string operator()(const DateTimeText& value) const
-    {
-        const std::string readable = readableDateTime(value.text);
-        return printable(value.text) + (readable.empty() ? "" : " (" + readable + ")");
-    }
-};
-
-std::string elementText(const std::string& className, const std::string& property, const Scalar& element)
-{
-    const auto* number = std::get_if<std::uint64_t>(&element);
-    const std::string meaning = number ? meaningOf(className, property, *number) : "";
-    const std::string unit = unitOf(className, property);
-    return std::visit(Plain(), element) + (unit.empty() ? "" : " " + unit) +
-           (meaning.empty() ? "" : " (" + meaning + ")");
-}
 
 // One line, or for a list of more than one element as many, the further ones below the first.
 std::string propertyText(const std::string& className, const Property& property, std::size_t nameWidth)
@@ -51,7 +24,7 @@ std::string propertyText(const std::string& className, const Property& property,
         return text + "(empty list)\n";
     const std::string indent(std::string(Margin).size() + nameWidth + 2, ' ');
     for (std::size_t i = 0; i < property.value.elements.size(); ++i)
-        text += (i == 0 ? "" : indent) + elementText(className, property.name, property.value.elements[i]) + "\n";
+        text += (i == 0 ? "" : indent) + valueText(className, property.name, property.value.elements[i]) + "\n";
     return text;
 }
 
@@ -85,33 +58,47 @@ std::string heading(const Answer& answer)
            (answer.failure ? ", then an error" : "") + (count == 0 ? "" : " (* marks a key)") + "\n";
 }
 
-std::string sectionText(const Answer& answer)
+std::string sectionText(const Answer& answer, const Machine& machine)
 {
     std::string text = heading(answer);
+    if (answer.ofAskedMachine)
+        text += "  (of " + printable(machine.askedMachine) + ", which read the dump: a dump holds nothing of this)\n";
     const std::size_t nameWidth = widestName(answer);
     for (const Instance& instance : answer.instances)
         text += "\n" + instanceText(canonicalClassName(answer.className), instance, nameWidth);
     return text;
 }
+
+std::string machineTitle(const Machine& machine)
+{
+    const std::string from = machine.source.place.empty() ? "" : ", from " + machine.source.place;
+    return "== " + printable(machine.name + from) + "\n";
+}
 }
 
-std::string machinesAsText(const std::vector<Machine>& machines)
+std::string machinesAsText(const std::vector<Machine>& machines, const Setting&)
 {
     std::string text;
-    for (const Machine& machine : machines)
+    for (const Machine& machine : machines) {
+        if (machines.size() > 1)
+            text += (text.empty() ? "" : "\n") + machineTitle(machine);
         for (const Answer& answer : machine.answers)
             if (!answer.failure || !answer.instances.empty())
-                text += (text.empty() ? "" : "\n") + sectionText(answer);
+                text += (text.empty() ? "" : "\n") + sectionText(answer, machine);
+    }
     return text;
 }
 
-std::string namesAsText(const std::vector<Machine>& machines)
+std::string namesAsText(const std::vector<Machine>& machines, const Setting&)
 {
     std::string text;
-    for (const Machine& machine : machines)
+    for (const Machine& machine : machines) {
+        if (machines.size() > 1)
+            text += (text.empty() ? "" : "\n") + machineTitle(machine);
         for (const Answer& answer : machine.answers)
             for (const Instance& instance : answer.instances)
                 text += printable(instance.path) + "\n";
+    }
     return text;
 }
 
@@ -120,7 +107,7 @@ std::string resultAsText(const MethodAnswer& answer)
     if (!answer.returnValue || answer.returnValue->elements.empty())
         return "";
     return printable(answer.className + "." + answer.method) + ": ReturnValue " +
-           std::visit(Plain(), answer.returnValue->elements.front()) + "\n";
+           valueText("", "", answer.returnValue->elements.front()) + "\n";
 }
 
 }

@@ -2,8 +2,6 @@
 
 #include "tools/knowledge/Schema.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <map>
 
@@ -35,10 +33,6 @@ std::string hexadecimal(std::uint64_t number)
     return text;
 }
 
-bool allDigits(const std::string& text)
-{
-    return std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
-}
 }
 
 std::string unitOf(const std::string& className, const std::string& property)
@@ -63,22 +57,6 @@ std::string meaningOf(const std::string& className, const std::string& property,
         if (code.code == value)
             return code.text;
     return known->otherwise;
-}
-
-std::string readableDateTime(const std::string& cimText)
-{
-    // yyyymmddhhmmss.mmmmmmsutc; an interval has a colon in place of the sign.
-    constexpr std::size_t Length = 25;
-    if (cimText.size() != Length || cimText[21] == ':' || !allDigits(cimText.substr(0, 8)))
-        return "";
-    std::string text = cimText.substr(0, 4) + "-" + cimText.substr(4, 2) + "-" + cimText.substr(6, 2);
-    if (!allDigits(cimText.substr(8, 6)) || !allDigits(cimText.substr(22)))
-        return text;
-    text += " " + cimText.substr(8, 2) + ":" + cimText.substr(10, 2) + ":" + cimText.substr(12, 2);
-    const int offset = std::stoi(cimText.substr(22));
-    char zone[16];
-    std::snprintf(zone, sizeof zone, " %c%02d:%02d", cimText[21], offset / 60, offset % 60);
-    return text + zone;
 }
 
 }

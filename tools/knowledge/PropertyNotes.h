@@ -14,8 +14,4 @@ std::string unitOf(const std::string& className, const std::string& property);
 /// The text of a code: "L1" for the cache level 3; an address in hexadecimal; empty when there is nothing to say.
 std::string meaningOf(const std::string& className, const std::string& property, std::uint64_t value);
 
-/// A CIM datetime as people write it: `2005-03-07 12:00:00 +01:00`, without what is unknown; empty when not even the
-/// date is known.
-std::string readableDateTime(const std::string& cimText);
-
 }

@@ -1,6 +1,7 @@
 #include "tools/program/Failures.h"
 
 #include <algorithm>
+#include <sstream>
 #include <utility>
 #include <vector>
 
@@ -25,6 +26,29 @@ std::string failureLines(const Machine& machine)
     for (const auto& [failure, classes] : lines)
         text += failure->code + ": " + classes + (failure->text.empty() ? "" : ": " + failure->text) + "\n";
     return text;
+}
+
+std::string complaintsOf(const std::vector<Machine>& machines, bool withNotes)
+{
+    std::string all;
+    for (const Machine& machine : machines) {
+        std::string lines;
+        if (withNotes)
+            for (const std::string& note : machine.notes)
+                lines += note + "\n";
+        std::istringstream in(lines + failureLines(machine));
+        for (std::string line; std::getline(in, line);)
+            all += (machines.size() > 1 ? machine.name + ": " : "") + line + "\n";
+    }
+    return all;
+}
+
+bool anyFailed(const std::vector<Machine>& machines)
+{
+    return std::any_of(machines.begin(), machines.end(), [](const Machine& machine) {
+        return std::any_of(machine.answers.begin(), machine.answers.end(),
+                           [](const Answer& answer) { return answer.failure.has_value(); });
+    });
 }
 
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "tools/formats/Formats.h"
+#include "tools/program/Errors.h"
+#include "tools/program/Request.h"
 
-#include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -12,9 +12,9 @@ namespace VQ::Tool
 
 enum class Command
 {
-    Show,
-    Names,
-    Get,
+    Show, ///< names and get, too
+    Summary,
+    Compare,
     Invoke,
     Check
 };
@@ -25,21 +25,22 @@ struct Arguments
     std::string information; ///< the text of --help or --version; when not empty, nothing else counts
 
     Command command = Command::Show;
+    Request request;
     const Format* format = formats().begin();
-    std::optional<std::string> dumpFile; ///< --from-dump
+    std::vector<std::string> dumpFiles;  ///< --from-dump
+    std::vector<std::string> savedFiles; ///< --from-json
     std::string moduleFile;              ///< --module; empty: the module that belongs to this program
+    std::string outputFile;              ///< --output; empty: standard output
+    Setting setting;
 
-    std::vector<std::string> classes; ///< of Show and Names, in the case of the class list; empty: all
-    std::string path;                 ///< of Get
-    std::string className;            ///< of Invoke
-    std::string method;               ///< of Invoke
-};
+    bool redact = false; ///< --redact
 
-/// A command line that does not say what to do; the text tells what is wrong with it.
-class UsageError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
+    std::string before;  ///< of Compare
+    std::string after;   ///< of Compare; empty: this machine
+    bool moving = false; ///< of Compare: --all
+
+    std::string className; ///< of Invoke
+    std::string method;    ///< of Invoke
 };
 
 /// Throws UsageError. A method that stops the machine is refused here unless --yes was given, before any module is

@@ -7,7 +7,6 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <sys/sysinfo.h>
 #include <utility>
 
 namespace VQ::Tool
@@ -59,16 +58,6 @@ private:
     std::vector<Finding> _findings;
 };
 
-// "25 of 30 structures, 1000 of 1234 bytes"
-std::string extent(const Table& table)
-{
-    const bool fewerBytes = !table.endMarked && table.bytes < table.announcedBytes;
-    return std::to_string(table.structures) +
-           (table.announcedStructures ? " of " + std::to_string(*table.announcedStructures) : "") + " structures, " +
-           std::to_string(table.bytes) +
-           (table.announcedStructures || fewerBytes ? " of " + std::to_string(table.announcedBytes) : "") + " bytes";
-}
-
 bool hasFewerThanAnnounced(const Table& table)
 {
     return table.announcedStructures && table.structures < *table.announcedStructures;
@@ -86,18 +75,13 @@ void judgeTable(const Table& table, bool fromDump, Findings& findings)
                              "firmware and the hardware have no facts to show");
         return;
     }
-    const bool cut = table.announcedStructures && table.givenBytes < table.announcedBytes && !table.endMarked;
-    if (!table.obstacle.empty() || cut) {
-        std::string why = table.obstacle;
-        if (cut)
-            why += std::string(why.empty() ? "" : "; ") + "only " + std::to_string(table.givenBytes) +
-                   " bytes of it are there";
-        findings.problem(name + ": it ends early: " + extent(table) + " can be read; at byte " +
-                         std::to_string(table.bytes) + " " + why + ". What stands behind is missing in all answers: " +
+    const std::string early = earlyEnd(table);
+    if (!early.empty()) {
+        findings.problem(name + ": " + early + ": " +
                          (fromDump ? "make the dump again" : "update the firmware of the machine"));
     } else {
         findings.good(name + ": version " + std::to_string(table.majorVersion) + "." +
-                      std::to_string(table.minorVersion) + ", " + extent(table) + ", from " + table.origin);
+                      std::to_string(table.minorVersion) + ", " + extentOf(table) + ", from " + table.origin);
         if (hasFewerThanAnnounced(table))
             findings.note(name + ": it announces " + std::to_string(*table.announcedStructures) +
                           " structures and ends after " + std::to_string(table.structures));
@@ -120,22 +104,14 @@ void judgeTexts(const ClassTrial& trial, Findings& findings)
                          " more texts with control characters");
 }
 
-// What a failure of a class means to who must do something about it.
-std::string remedy(const ClassTrial& trial)
-{
-    if (trial.className == BiosClass && trial.failure->find("basic_string::substr") != std::string::npos)
-        return "; an OEM string of the firmware has a bracketed part of one character, such as -[X]-: no request for "
-               "this class is answered, update the firmware of the machine";
-    return "";
-}
-
-void judgeTrial(const Trial& trial, const std::string& moduleFile, Findings& findings)
+void judgeTrial(const Trial& trial, const Table& table, const std::string& moduleFile, Findings& findings)
 {
     if (trial.loaded)
         findings.good("module: " + moduleFile + " can be loaded");
     for (const ClassTrial& asked : trial.classes) {
         if (asked.failure)
-            findings.problem(asked.className + ": " + *asked.failure + remedy(asked));
+            findings.problem(asked.className + ": " + *asked.failure +
+                             remedyOf(asked.className, *asked.failure, table));
         else
             findings.good(asked.className + ": " + std::to_string(asked.instances) +
                           (asked.instances == 1 ? " instance" : " instances"));
@@ -147,14 +123,9 @@ void judgeTrial(const Trial& trial, const std::string& moduleFile, Findings& fin
 
 void judgeMemory(Findings& findings)
 {
-    struct sysinfo info
-    {
-    };
-    if (sysinfo(&info) == 0 && info.mem_unit > 1)
-        findings.note(std::string(MemoryClass) + ": this machine has more memory than " +
-                      std::to_string(8 * sizeof(void*)) + " bits can count, so the memory figures of a " +
-                      std::to_string(8 * sizeof(void*)) + "-bit server are too small by the factor " +
-                      std::to_string(info.mem_unit));
+    const std::string note = memoryNote();
+    if (!note.empty())
+        findings.note(std::string(MemoryClass) + ": " + note);
 }
 
 const char* nameOf(Finding::Kind kind)
@@ -187,12 +158,18 @@ CheckResult check(const Arguments& arguments)
 {
     CheckResult result;
     Findings findings;
-    result.table = readTable(arguments.dumpFile);
-    judgeTable(result.table, arguments.dumpFile.has_value(), findings);
+    std::optional<Dump> dump;
+    std::optional<std::string> tableFile;
+    if (!arguments.dumpFiles.empty()) {
+        dump = openDump(arguments.dumpFiles.front());
+        tableFile = dump->readable;
+    }
+    result.table = readTable(tableFile);
+    judgeTable(result.table, dump.has_value(), findings);
     try {
         const std::string moduleFile = arguments.moduleFile.empty() ? defaultModuleFile() : arguments.moduleFile;
-        result.trial = tryModule(moduleFile, arguments.dumpFile, classesToAsk(result.table));
-        judgeTrial(result.trial, moduleFile, findings);
+        result.trial = tryModule(moduleFile, dump, classesToAsk(result.table));
+        judgeTrial(result.trial, result.table, moduleFile, findings);
     } catch (const LoadError& error) {
         findings.problem(std::string("module: ") + error.what());
     }

@@ -24,7 +24,7 @@ template <class Element> Scalar toScalar(const Element& element)
         return DateTimeText{toText(element.toString())};
     else if constexpr (std::is_same_v<Element, Boolean>)
         return static_cast<bool>(element);
-    else if constexpr (std::is_signed_v<Element>)
+    else if (element < 0)
         return static_cast<std::int64_t>(element);
     else
         return static_cast<std::uint64_t>(element);

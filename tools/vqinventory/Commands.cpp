@@ -1,92 +1,89 @@
 #include "tools/vqinventory/Commands.h"
 
-#include "tools/knowledge/Classes.h"
+#include "tools/core/Compare.h"
+#include "tools/core/Redact.h"
 #include "tools/program/Failures.h"
+#include "tools/program/InputFile.h"
+#include "tools/program/SavedFile.h"
+#include "tools/vqinventory/Asking.h"
+#include "tools/vqinventory/Module.h"
 
 #include <algorithm>
-#include <functional>
+#include <optional>
 #include <strings.h>
-#include <utility>
 
 namespace VQ::Tool
 {
 
 namespace
 {
-constexpr const char* BiosClass = "QORTAL_BIOS";
-
-std::vector<std::string> requestedClasses(const Arguments& arguments)
+std::string moduleFileOf(const Arguments& arguments)
 {
-    if (!arguments.classes.empty())
-        return arguments.classes;
-    std::vector<std::string> all;
-    for (const ClassInfo& served : servedClasses())
-        all.emplace_back(served.name);
-    return all;
+    return arguments.moduleFile.empty() ? defaultModuleFile() : arguments.moduleFile;
 }
 
-bool isZero(const Instance& instance, const char* property)
+std::vector<Machine> machinesFor(const Arguments& arguments)
 {
-    return std::any_of(instance.properties.begin(), instance.properties.end(), [property](const Property& candidate) {
-        return candidate.name == property && candidate.value.elements == std::vector<Scalar>{std::uint64_t{0}};
+    if (!arguments.savedFiles.empty())
+        return chosen(readSavedFiles(arguments.savedFiles, arguments.request.kind == Request::Names),
+                      arguments.request);
+    std::vector<Dump> dumps;
+    for (const std::string& file : arguments.dumpFiles)
+        dumps.push_back(openDump(file));
+    return ask(moduleFileOf(arguments), dumps, arguments.request);
+}
+
+bool hasInstances(const std::vector<Machine>& machines)
+{
+    return std::any_of(machines.begin(), machines.end(), [](const Machine& machine) {
+        return std::any_of(machine.answers.begin(), machine.answers.end(),
+                           [](const Answer& answer) { return !answer.instances.empty(); });
     });
 }
 
-// The BIOS instance of a machine without a table shows as the version 0.0.
-bool tellsOfNoTable(const Answer& bios)
+Outcome show(const Arguments& arguments)
 {
-    return std::any_of(bios.instances.begin(), bios.instances.end(), [](const Instance& instance) {
-        return isZero(instance, "SMBIOSMajorVersion") && isZero(instance, "SMBIOSMinorVersion");
-    });
-}
-
-// A word to the user where firmware and hardware classes have nothing to say, and why.
-std::string noTableNotice(const Machine& machine, Module& module)
-{
-    const bool concerned = std::any_of(machine.answers.begin(), machine.answers.end(), [](const Answer& answer) {
-        const ClassInfo* served = findClass(answer.className);
-        return served && served->fromSmBios && !answer.failure;
-    });
-    if (!concerned || !tellsOfNoTable(module.enumerate(BiosClass)))
-        return "";
-    return "this machine has no SMBIOS table, so the firmware and hardware classes have no facts to show "
-           "(--from-dump FILE takes the table of a file)\n";
-}
-
-Outcome finish(const Arguments& arguments, const Machine& machine, std::string output, Module& module)
-{
+    std::vector<Machine> machines = machinesFor(arguments);
+    const Format& format = *arguments.format;
+    const MachinesWriter write = arguments.command == Command::Summary      ? format.summary
+                                 : arguments.request.kind == Request::Names ? format.names
+                                                                            : format.machines;
+    if (arguments.redact)
+        Redactor().redact(machines);
     Outcome outcome;
-    outcome.output = std::move(output);
-    if (!arguments.dumpFile)
-        outcome.complaints = noTableNotice(machine, module);
-    const std::string failures = failureLines(machine);
-    outcome.complaints += failures;
-    outcome.failed = !failures.empty();
+    if (arguments.request.kind != Request::Get || hasInstances(machines))
+        outcome.output = write(machines, arguments.setting);
+    outcome.complaints = complaintsOf(machines, arguments.command != Command::Summary);
+    outcome.code = anyFailed(machines) ? RequestFailed : Done;
     return outcome;
 }
 
-Outcome show(const Arguments& arguments, Module& module)
+// Saved answers, or dumps of which the module is asked; nothing: this machine.
+std::vector<Machine> machinesIn(const std::string& file, const Arguments& arguments)
 {
-    Machine machine;
-    for (const std::string& className : requestedClasses(arguments))
-        machine.answers.push_back(module.enumerate(className));
-    return finish(arguments, machine, arguments.format->machines({machine}), module);
+    if (file.empty())
+        return ask(moduleFileOf(arguments), {}, arguments.request);
+    if (file != StandardInput && isDump(file))
+        return ask(moduleFileOf(arguments), {openDump(file)}, arguments.request);
+    return readSavedFiles({file});
 }
 
-Outcome names(const Arguments& arguments, Module& module)
+Outcome compare(const Arguments& arguments)
 {
-    Machine machine;
-    for (const std::string& className : requestedClasses(arguments))
-        machine.answers.push_back(module.names(className));
-    return finish(arguments, machine, arguments.format->names({machine}), module);
-}
-
-Outcome get(const Arguments& arguments, Module& module)
-{
-    Machine machine;
-    machine.answers = {module.get(arguments.path)};
-    const bool nothing = machine.answers[0].instances.empty();
-    return finish(arguments, machine, nothing ? "" : arguments.format->machines({machine}), module);
+    std::vector<Machine> before = machinesIn(arguments.before, arguments);
+    std::vector<Machine> after = machinesIn(arguments.after, arguments);
+    if (arguments.redact) {
+        Redactor redactor;
+        redactor.redact(before);
+        redactor.redact(after);
+    }
+    Comparison comparison = compareMachines(before, after, arguments.moving);
+    comparison.before = arguments.redact ? "(redacted)" : arguments.before;
+    comparison.after = arguments.redact ? "(redacted)" : arguments.after.empty() ? "this machine" : arguments.after;
+    Outcome outcome;
+    outcome.output = arguments.format->comparison(comparison, arguments.setting);
+    outcome.code = isSame(comparison) ? Same : Different;
+    return outcome;
 }
 
 // The kernel's refusal of a restart is delivered as a value, not as an error.
@@ -96,35 +93,38 @@ bool rebootRefused(const MethodAnswer& answer)
            answer.returnValue->elements != std::vector<Scalar>{std::uint64_t{0}};
 }
 
-Outcome invoke(const Arguments& arguments, Module& module)
+Outcome invoke(const Arguments& arguments)
 {
+    std::optional<DumpReader> reader;
+    const std::string moduleFile = moduleFileOf(arguments);
+    if (!arguments.dumpFiles.empty())
+        reader.emplace(moduleFile).serve(openDump(arguments.dumpFiles.front()));
+    Module module(moduleFile);
     const MethodAnswer answer = module.invoke(arguments.className, arguments.method);
     Outcome outcome;
     if (answer.failure) {
         outcome.complaints = answer.failure->code + ": " + answer.className + ": " + answer.failure->text + "\n";
-        outcome.failed = true;
+        outcome.code = RequestFailed;
         return outcome;
     }
     outcome.output = arguments.format->result(answer);
     if (rebootRefused(answer)) {
         outcome.complaints = "the kernel refused to restart the machine; run as root\n";
-        outcome.failed = true;
+        outcome.code = RequestFailed;
     }
     return outcome;
 }
 }
 
-Outcome runCommand(const Arguments& arguments, Module& module)
+Outcome runCommand(const Arguments& arguments)
 {
     switch (arguments.command) {
-    case Command::Names:
-        return names(arguments, module);
-    case Command::Get:
-        return get(arguments, module);
     case Command::Invoke:
-        return invoke(arguments, module);
+        return invoke(arguments);
+    case Command::Compare:
+        return compare(arguments);
     default:
-        return show(arguments, module);
+        return show(arguments);
     }
 }
 

@@ -2,13 +2,12 @@
 
 #include "tools/program/Output.h"
 #include "tools/vqinventory/Arguments.h"
-#include "tools/vqinventory/Module.h"
 
 namespace VQ::Tool
 {
 
 /// Sends the requests that the arguments ask for and puts the answers into their format. A class that fails does not
 /// cost the others their output.
-Outcome runCommand(const Arguments& arguments, Module& module);
+Outcome runCommand(const Arguments& arguments);
 
 }

@@ -1,9 +1,10 @@
 #include "tools/vqinventory/Module.h"
 
 #include "tools/knowledge/Classes.h"
+#include "tools/program/InputFile.h"
+#include "tools/program/Request.h"
 #include "tools/vqinventory/CimAnswer.h"
-#include "tools/vqinventory/InputFile.h"
-#include "tools/vqinventory/NeededLibraries.h"
+#include "tools/vqinventory/ModuleFile.h"
 
 #include <Pegasus/Common/CIMName.h>
 #include <Pegasus/Common/CIMPropertyList.h>
@@ -95,16 +96,11 @@ std::optional<Failure> failureOf(const std::function<void()>& request)
 }
 
 // The provider gives no text for a class that it does not serve.
-void explainInvalidClass(std::optional<Failure>& failure)
+void explainInvalidClass(std::optional<Failure>& failure, const std::string& className)
 {
     if (!failure || failure->code != cimStatusCodeToString(CIM_ERR_INVALID_CLASS) || !failure->text.empty())
         return;
-    failure->text = "not served; the classes are";
-    const char* separator = " ";
-    for (const ClassInfo& served : servedClasses()) {
-        failure->text += separator + std::string(served.name);
-        separator = ", ";
-    }
+    failure->text = classAdvice(className);
 }
 
 CIMObjectPath classPath(const std::string& className)
@@ -170,7 +166,7 @@ Answer Module::enumerate(const std::string& className)
         _instances->enumerateInstances(OperationContext(), classPath(className), false, false, CIMPropertyList(),
                                        collector);
     });
-    explainInvalidClass(answer.failure);
+    explainInvalidClass(answer.failure, answer.className);
     return answer;
 }
 
@@ -180,7 +176,7 @@ Answer Module::names(const std::string& className)
     PathCollector collector(answer.instances);
     answer.failure =
         failureOf([&] { _instances->enumerateInstanceNames(OperationContext(), classPath(className), collector); });
-    explainInvalidClass(answer.failure);
+    explainInvalidClass(answer.failure, answer.className);
     return answer;
 }
 
@@ -193,7 +189,7 @@ Answer Module::get(const std::string& path)
         answer.className = canonicalClassName(toText(reference.getClassName().getString()));
         _instances->getInstance(OperationContext(), reference, false, false, CIMPropertyList(), collector);
     });
-    explainInvalidClass(answer.failure);
+    explainInvalidClass(answer.failure, answer.className);
     if (!answer.failure && answer.instances.empty())
         answer.failure = Failure{cimStatusCodeToString(CIM_ERR_NOT_FOUND), "no such instance: " + path};
     return answer;

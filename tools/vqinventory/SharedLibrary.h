@@ -1,17 +1,11 @@
 #pragma once
 
-#include <stdexcept>
+#include "tools/program/Errors.h"
+
 #include <string>
 
 namespace VQ::Tool
 {
-
-/// A file that can't be used: the text names the file, the reason, and what would help.
-class LoadError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// A shared library that stays loaded as long as the object lives.
 class SharedLibrary

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <sys/sysinfo.h>
 #include <utility>
 #include <vector>
 
@@ -71,6 +72,23 @@ void countOptions(Table& table, const SmBios::Table& structure)
         else
             break; // no further one is there either
 }
+
+// The text between the first -[ and the next ]- of an OEM string; the module's list of firmware fails where that is one
+// character.
+bool hasOddBracket(const std::string& text)
+{
+    const std::size_t begin = text.find("-[");
+    return begin != std::string::npos && text.find("]-", begin + 2) == begin + 3;
+}
+
+void lookForOddBracket(Table& table, const SmBios::Table& structure)
+{
+    const unsigned count = structure.getByte(0x04); // Count
+    for (unsigned i = 1; i <= count && table.oddOemString.empty(); ++i)
+        if (const char* text = structure.getString(static_cast<unsigned char>(i)))
+            if (hasOddBracket(text))
+                table.oddOemString = text;
+}
 }
 
 Table readTable(const std::optional<std::string>& dumpFile)
@@ -95,12 +113,58 @@ Table readTable(const std::optional<std::string>& dumpFile)
         for (const SmBios::Table& structure : structures)
             if (structure.getType() == 2)
                 ++table.boards;
+            else if (structure.getType() == 11)
+                lookForOddBracket(table, structure);
             else if (structure.getType() == 12)
                 countOptions(table, structure);
     } catch (const SmBiosError& error) {
         table.failure = error.what();
     }
     return table;
+}
+
+// "25 of 30 structures, 1000 of 1234 bytes"
+std::string extentOf(const Table& table)
+{
+    const bool fewerBytes = !table.endMarked && table.bytes < table.announcedBytes;
+    return std::to_string(table.structures) +
+           (table.announcedStructures ? " of " + std::to_string(*table.announcedStructures) : "") + " structures, " +
+           std::to_string(table.bytes) +
+           (table.announcedStructures || fewerBytes ? " of " + std::to_string(table.announcedBytes) : "") + " bytes";
+}
+
+std::string earlyEnd(const Table& table)
+{
+    const bool cut = table.announcedStructures && table.givenBytes < table.announcedBytes && !table.endMarked;
+    if (table.obstacle.empty() && !cut)
+        return "";
+    std::string why = table.obstacle;
+    if (cut)
+        why += std::string(why.empty() ? "" : "; ") + "only " + std::to_string(table.givenBytes) +
+               " bytes of it are there";
+    return "it ends early: " + extentOf(table) + " can be read; at byte " + std::to_string(table.bytes) + " " + why +
+           ". What stands behind is missing in all answers";
+}
+
+std::string remedyOf(const std::string& className, const std::string& failure, const Table& table)
+{
+    if (className != "QORTAL_BIOS" || failure.find("basic_string::substr") == std::string::npos)
+        return "";
+    return "; an OEM string of the firmware has a bracketed part of one character, " +
+           (table.oddOemString.empty() ? "such as -[X]-" : "\"" + table.oddOemString + "\"") +
+           ": no request for this class is answered, update the firmware of the machine";
+}
+
+std::string memoryNote()
+{
+    struct sysinfo info
+    {
+    };
+    if (sysinfo(&info) != 0 || info.mem_unit <= 1)
+        return "";
+    const std::string bits = std::to_string(8 * sizeof(void*));
+    return "this machine has more memory than " + bits + " bits can count, so the memory figures of a " + bits +
+           "-bit server are too small by the factor " + std::to_string(info.mem_unit);
 }
 
 }

@@ -26,14 +26,27 @@ struct Table
     bool endMarked = false;                           ///< the last structure read is the end-of-table structure
     std::string obstacle; ///< what stands where reading stopped and is no structure; empty when nothing does
 
-    std::uint64_t boards = 0;                 ///< structures of type 2
-    std::uint64_t options = 0;                ///< configuration options that the structures of type 12 announce
-    std::uint64_t optionBytes = 0;            ///< their texts
-    bool endlessOptions = false;              ///< a structure of type 12 announces 255 of them
+    std::string oddOemString;      ///< an OEM string with a bracketed part of one character; empty when there is none
+    std::uint64_t boards = 0;      ///< structures of type 2
+    std::uint64_t options = 0;     ///< configuration options that the structures of type 12 announce
+    std::uint64_t optionBytes = 0; ///< their texts
+    bool endlessOptions = false;   ///< a structure of type 12 announces 255 of them
     std::optional<unsigned> endlessLanguages; ///< the type of the structure that is read as announcing 255 languages
 };
 
 /// The table of this machine, or of a file in the form of `dmidecode --dump-bin`. What goes wrong is in the result.
 Table readTable(const std::optional<std::string>& dumpFile);
+
+/// "25 of 30 structures, 1000 of 1234 bytes"
+std::string extentOf(const Table& table);
+
+/// What is missing of a table that ends before what it announces, and why; empty where nothing is.
+std::string earlyEnd(const Table& table);
+
+/// What the failure of a class means to who must do something about it, to be put behind its text; mostly empty.
+std::string remedyOf(const std::string& className, const std::string& failure, const Table& table);
+
+/// What is wrong with this machine's memory figures; empty where they are right.
+std::string memoryNote();
 
 }

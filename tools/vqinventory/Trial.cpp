@@ -1,6 +1,5 @@
 #include "tools/vqinventory/Trial.h"
 
-#include "tools/vqinventory/DumpFile.h"
 #include "tools/vqinventory/Module.h"
 
 #include <nlohmann/json.hpp>
@@ -9,7 +8,6 @@
 #include <chrono>
 #include <cstring>
 #include <exception>
-#include <memory>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -109,14 +107,16 @@ void writeLine(int pipe, const Json& json)
     }
 }
 
-[[noreturn]] void tryApart(int pipe, const std::string& moduleFile, const std::optional<std::string>& dumpFile,
+[[noreturn]] void tryApart(int pipe, const std::string& moduleFile, const std::optional<Dump>& dump,
                            const std::vector<std::string>& classes)
 {
     alarm(TimeLimit);
     const rlimit noCore = {0, 0};
     setrlimit(RLIMIT_CORE, &noCore); // the end of a damaged module is reported, and leaves nothing behind
     try {
-        const std::unique_ptr<SharedLibrary> dumpReader = dumpFile ? serveDumpFile(*dumpFile, moduleFile) : nullptr;
+        std::optional<DumpReader> reader;
+        if (dump)
+            reader.emplace(moduleFile).serve(*dump);
         Module module(moduleFile);
         writeLine(pipe, {{"loaded", true}});
         for (const std::string& className : classes)
@@ -172,8 +172,7 @@ std::optional<std::string> endOf(const std::string& file, const Trial& trial, in
 }
 }
 
-Trial tryModule(const std::string& moduleFile, const std::optional<std::string>& dumpFile,
-                const std::vector<std::string>& classes)
+Trial tryModule(const std::string& moduleFile, const std::optional<Dump>& dump, const std::vector<std::string>& classes)
 {
     int ends[2];
     if (pipe(ends) != 0)
@@ -183,7 +182,7 @@ Trial tryModule(const std::string& moduleFile, const std::optional<std::string>&
         throw LoadError(std::string("cannot start a process: ") + std::strerror(errno));
     if (child == 0) {
         close(ends[0]);
-        tryApart(ends[1], moduleFile, dumpFile, classes);
+        tryApart(ends[1], moduleFile, dump, classes);
     }
     close(ends[1]);
     Trial trial = parsed(readAll(ends[0]));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tools/vqinventory/DumpFile.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -36,7 +38,7 @@ struct Trial
 };
 
 /// Loads the module file, over a dump where there is one, and asks it for the instances of these classes.
-Trial tryModule(const std::string& moduleFile, const std::optional<std::string>& dumpFile,
+Trial tryModule(const std::string& moduleFile, const std::optional<Dump>& dump,
                 const std::vector<std::string>& classes);
 
 }

@@ -1,17 +1,17 @@
 // vqinventory: loads the provider module as a CIM server does and shows people what it serves.
 
+#include "tools/program/Clock.h"
+#include "tools/program/InputFile.h"
+#include "tools/program/Output.h"
 #include "tools/vqinventory/Arguments.h"
+#include "tools/vqinventory/Asking.h"
 #include "tools/vqinventory/Check.h"
 #include "tools/vqinventory/Commands.h"
-#include "tools/vqinventory/DumpFile.h"
-#include "tools/vqinventory/InputFile.h"
-#include "tools/vqinventory/Module.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <exception>
-#include <memory>
 #include <unistd.h>
 
 using namespace VQ::Tool;
@@ -25,52 +25,62 @@ namespace
 void leaveForRoot(Arguments& arguments)
 {
     arguments.moduleFile = realPath(arguments.moduleFile);
-    if (arguments.dumpFile)
-        arguments.dumpFile = fullPath(*arguments.dumpFile);
+    for (std::vector<std::string>* files : {&arguments.dumpFiles, &arguments.savedFiles})
+        for (std::string& file : *files)
+            file = fullPath(file);
+    for (std::string* file : {&arguments.outputFile, &arguments.before, &arguments.after})
+        *file = fullPath(*file);
     if (chdir("/") != 0)
         throw LoadError(std::string("cannot go to /: ") + std::strerror(errno));
 }
 
-int runCheck(const Arguments& arguments)
+Outcome runCheck(const Arguments& arguments)
 {
-    if (arguments.dumpFile)
-        checkDumpFile(*arguments.dumpFile);
     const CheckResult result = check(arguments);
-    return print(arguments.format->name == std::string("json") ? checkAsJson(result) : checkAsText(result),
-                 problemCount(result) == 0 ? Done : RequestFailed);
+    Outcome outcome;
+    outcome.output = arguments.format->name == std::string("json") ? checkAsJson(result) : checkAsText(result);
+    outcome.code = problemCount(result) == 0 ? Done : RequestFailed;
+    return outcome;
+}
+
+int give(const Outcome& outcome, const std::string& outputFile, int trouble)
+{
+    bool written = true;
+    if (outputFile.empty())
+        written = print(outcome.output);
+    else
+        replaceFile(outputFile, outcome.output);
+    complain(outcome.complaints);
+    return written ? outcome.code : trouble;
 }
 
 int run(Arguments arguments)
 {
     if (!arguments.information.empty())
-        return print(arguments.information, Done);
+        return print(arguments.information) ? Done : RequestFailed;
     leaveForRoot(arguments);
-    if (arguments.command == Command::Check)
-        return runCheck(arguments);
-    const std::string moduleFile = arguments.moduleFile.empty() ? defaultModuleFile() : arguments.moduleFile;
-    std::unique_ptr<SharedLibrary> dumpReader;
-    if (arguments.dumpFile) {
-        checkDumpFile(*arguments.dumpFile);
-        dumpReader = serveDumpFile(*arguments.dumpFile, moduleFile);
-    }
-    Module module(moduleFile);
-    const Outcome outcome = runCommand(arguments, module);
-    const int code = print(outcome.output, outcome.failed ? RequestFailed : Done);
-    complain(outcome.complaints);
-    return code;
+    arguments.setting = terminalSetting(!arguments.outputFile.empty());
+    arguments.setting.time = currentTime();
+    arguments.setting.tool = toolVersion();
+    return give(arguments.command == Command::Check ? runCheck(arguments) : runCommand(arguments), arguments.outputFile,
+                arguments.command == Command::Compare ? WrongUsage : RequestFailed);
 }
 }
 
 int main(int count, char** values)
 {
     std::signal(SIGPIPE, SIG_IGN); // a write then fails, with a reason
+    int trouble = RequestFailed;
     try {
-        return run(parseArguments(count, values));
+        const Arguments arguments = parseArguments(count, values);
+        if (arguments.command == Command::Compare)
+            trouble = WrongUsage; // as that of diff: 1 says that there are differences
+        return run(arguments);
     } catch (const UsageError& error) {
         complain(error.what());
         return WrongUsage;
     } catch (const std::exception& error) {
         complain(error.what());
-        return RequestFailed;
+        return trouble;
     }
 }

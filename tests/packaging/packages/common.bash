@@ -62,6 +62,7 @@ $doc_dir/admin.md
 $doc_dir/changelog.gz
 $doc_dir/classes.md
 $doc_dir/copyright
+$doc_dir/inventory.schema.json
 $doc_dir/security.md
 $man/man1/vqinventory.1.gz
 $man/man8/vq-register.8.gz

@@ -1,4 +1,4 @@
-#include "tools/vqinventory/NeededLibraries.h"
+#include "tools/vqinventory/ModuleFile.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -20,6 +20,7 @@ using Dynamic = ElfW(Dyn);
 constexpr std::size_t MaxSegments = 1000;
 constexpr std::size_t MaxDynamics = 10000;
 constexpr std::size_t MaxNameSize = 4096;
+constexpr std::size_t MaxNoteSize = 65536;
 
 #ifdef __LP64__
 constexpr unsigned char OwnClass = ELFCLASS64;
@@ -89,6 +90,25 @@ std::vector<std::string> neededLibraries(const std::string& path)
         if (entry.d_tag == DT_NEEDED && names != 0)
             libraries.push_back(file.text(names + entry.d_un.d_val));
     return libraries;
+}
+
+std::string moduleVersion(const std::string& path)
+{
+    const std::string owner("SystemProvider", sizeof "SystemProvider"); // with its zero
+    ElfFile file(path);
+    for (const Segment& segment : segmentsOf(file)) {
+        if (segment.p_type != PT_NOTE)
+            continue;
+        const std::vector<char> notes =
+            file.read<char>(segment.p_offset, std::min<std::size_t>(segment.p_filesz, MaxNoteSize));
+        const auto name = std::search(notes.begin(), notes.end(), owner.begin(), owner.end());
+        // The version follows the name, both on steps of four bytes.
+        const auto begin = static_cast<std::size_t>(name - notes.begin()) + (owner.size() + 3) / 4 * 4;
+        if (name != notes.end() && begin < notes.size())
+            return std::string(notes.begin() + static_cast<std::ptrdiff_t>(begin),
+                               std::find(notes.begin() + static_cast<std::ptrdiff_t>(begin), notes.end(), '\0'));
+    }
+    return "";
 }
 
 }

@@ -1,0 +1,13 @@
+#pragma once
+
+namespace VQ::Tool
+{
+
+// The templates of pages, and their style: the files of tools/formats/html.
+extern const char* const PageHtml;
+extern const char* const MachineHtml;
+extern const char* const ClassHtml;
+extern const char* const ComparisonHtml;
+extern const char* const StyleCss;
+
+}
