@@ -461,6 +461,7 @@ TEST(ToolUsage, WrongOptionsAreUsageErrors)
     expectMisuse({{"--module"}, "--module: 1 required FILE missing\n"});
     expectMisuse({{"--from-dump", "a", "--from-json", "b"}, "--from-dump and --from-json do not go together"});
     expectMisuse({{"--from-dump", "-", "--from-dump", "-"}, "standard input (-) can be read once only\n"});
+    expectMisuse({{"check", "--redact"}, "--redact hides in answers"});
     expectMisuse({{"check", "--from-json", "a"}, "invoke and check ask the module of this machine"});
     expectMisuse({{"check", "--from-dump", "a", "--from-dump", "b"}, "invoke and check ask the module"});
     expectMisuse({{"--yes"}, "The following argument was not expected: --yes\n"});

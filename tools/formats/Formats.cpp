@@ -6,11 +6,11 @@ namespace VQ::Tool
 namespace
 {
 constexpr Format Known[] = {
-    {"text", machinesAsText, summaryAsText, namesAsText, comparisonAsText, resultAsText},
-    {"json", machinesAsJson, summaryAsJson, machinesAsJson, comparisonAsJson, resultAsJson},
-    {"mof", machinesAsMof, nullptr, nullptr, nullptr, nullptr},
-    {"html", machinesAsHtml, summaryAsHtml, nullptr, comparisonAsHtml, nullptr},
-    {"csv", machinesAsCsv, summaryAsCsv, nullptr, comparisonAsCsv, nullptr},
+    {"text", machinesAsText, summaryAsText, namesAsText, comparisonAsText, resultAsText, false},
+    {"json", machinesAsJson, summaryAsJson, machinesAsJson, comparisonAsJson, resultAsJson, false},
+    {"mof", machinesAsMof, nullptr, nullptr, nullptr, nullptr, false},
+    {"html", machinesAsHtml, summaryAsHtml, nullptr, comparisonAsHtml, nullptr, true},
+    {"csv", machinesAsCsv, summaryAsCsv, nullptr, comparisonAsCsv, nullptr, false},
 };
 }
 

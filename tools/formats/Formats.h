@@ -22,6 +22,7 @@ struct Format
     MachinesWriter names; ///< the object paths only
     std::string (*comparison)(const Comparison& comparison, const Setting& setting);
     std::string (*result)(const MethodAnswer& answer);
+    bool showsNotes; ///< a person who reads the machines in this form finds their notes there
 };
 
 /// All of them, the one that is used unless told first.

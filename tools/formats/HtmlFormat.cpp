@@ -10,6 +10,7 @@
 
 #include <kainjow/mustache.hpp>
 
+#include <algorithm>
 #include <utility>
 
 namespace VQ::Tool
@@ -26,11 +27,12 @@ struct Templates
     Template page{PageHtml};
     Template machine{MachineHtml};
     Template ofClass{ClassHtml};
+    Template glossary{GlossaryHtml};
     Template comparison{ComparisonHtml};
 
     Templates()
     {
-        for (Template* one : {&page, &machine, &ofClass, &comparison})
+        for (Template* one : {&page, &machine, &ofClass, &glossary, &comparison})
             one->set_custom_escape(escapedHtml);
     }
 };
@@ -96,6 +98,7 @@ std::string classHtml(const Answer& answer, const Machine& machine, const std::s
     Data data;
     data["id"] = id;
     data["open"] = withMeanings;
+    data["meanings"] = !withMeanings && known; // they stand at the end of the page, once for all machines
     data["title"] = title;
     data["name"] = printable(answer.className);
     data["count"] = counted(answer.instances.size(), "instance", "instances");
@@ -213,6 +216,32 @@ std::string machineHtml(const Machine& machine, const Summary& summary, const st
     return templates.machine.render(data);
 }
 
+std::string glossaryHtml(Templates& templates)
+{
+    Data classes(Data::type::list);
+    for (const ClassInfo& served : servedClasses()) {
+        const SchemaClass* known = schemaClass(served.name);
+        if (!known)
+            continue;
+        Data properties(Data::type::list);
+        for (const SchemaProperty& property : known->properties) {
+            Data row;
+            row["name"] = property.name;
+            row["key"] = property.isKey;
+            row["meaning"] = property.description;
+            properties << row;
+        }
+        Data one;
+        one["name"] = known->name;
+        one["description"] = known->description;
+        one["properties"] = std::move(properties);
+        classes << one;
+    }
+    Data data;
+    data["classes"] = std::move(classes);
+    return templates.glossary.render(data);
+}
+
 // ---- pages
 
 Data pageData(const std::string& title, const std::string& subtitle, const Setting& setting)
@@ -228,24 +257,51 @@ Data pageData(const std::string& title, const std::string& subtitle, const Setti
     return data;
 }
 
+struct FleetColumn
+{
+    const char* title;
+    std::string (*text)(const Summary& summary);
+};
+
+const FirmwareSummary& biosOf(const Summary& summary)
+{
+    static const FirmwareSummary none;
+    return summary.firmware.empty() ? none : summary.firmware.front();
+}
+
+constexpr FleetColumn FleetColumns[] = {
+    {"Machine", productText},
+    {"Serial number", [](const Summary& summary) { return summary.serial; }},
+    {"BIOS", [](const Summary& summary) { return biosOf(summary).version; }},
+    {"BIOS date", [](const Summary& summary) { return biosOf(summary).date; }},
+    {"System", [](const Summary& summary) { return summary.operatingSystem; }},
+    {"Memory", [](const Summary& summary) { return summary.memory ? sizeText(*summary.memory) : ""; }},
+};
+
+// Without the columns that tell nothing of any machine.
 Data fleetData(const std::vector<Summary>& summaries)
 {
+    std::vector<std::string> titles = {"Name"};
+    std::vector<std::vector<std::string>> lines(summaries.size());
+    for (const FleetColumn& column : FleetColumns) {
+        const bool told = std::any_of(summaries.begin(), summaries.end(),
+                                      [&column](const Summary& summary) { return !column.text(summary).empty(); });
+        for (std::size_t i = 0; told && i < summaries.size(); ++i)
+            lines[i].push_back(printable(column.text(summaries[i])));
+        if (told)
+            titles.emplace_back(column.title);
+    }
     Data fleet;
     Data rows(Data::type::list);
     for (std::size_t i = 0; i < summaries.size(); ++i) {
-        const Summary& summary = summaries[i];
-        const bool hasBios = !summary.firmware.empty();
         Data row;
         row["id"] = "m" + std::to_string(i + 1);
-        row["name"] = printable(summary.name);
-        row["cells"] = listOf({printable(productText(summary)), printable(summary.serial),
-                               hasBios ? printable(summary.firmware.front().version) : "",
-                               hasBios ? summary.firmware.front().date : "", printable(summary.operatingSystem),
-                               summary.memory ? sizeText(*summary.memory) : ""});
+        row["name"] = printable(summaries[i].name);
+        row["cells"] = listOf(lines[i]);
         rows << row;
     }
     fleet["count"] = std::to_string(summaries.size());
-    fleet["columns"] = listOf({"Name", "Machine", "Serial number", "BIOS", "BIOS date", "System", "Memory"});
+    fleet["columns"] = listOf(titles);
     fleet["rows"] = std::move(rows);
     return fleet;
 }
@@ -264,6 +320,8 @@ std::string pageOf(const std::vector<Machine>& machines, const Setting& setting,
     std::string content;
     for (std::size_t i = 0; i < machines.size(); ++i)
         content += machineHtml(machines[i], summaries[i], "m" + std::to_string(i + 1), withClasses, one, templates);
+    if (!one && withClasses)
+        content += glossaryHtml(templates);
     data["content"] = content;
     if (!one)
         data["fleet"] = fleetData(summaries);
@@ -272,9 +330,12 @@ std::string pageOf(const std::vector<Machine>& machines, const Setting& setting,
 
 // ---- comparisons
 
+// A row for a property; the first one of a change has the cells that hold for all of its rows.
 void addChange(Data& changes, const Change& change, const PropertyChange* property)
 {
     Data data;
+    data["first"] = property == nullptr || property == change.properties.data();
+    data["rows"] = std::to_string(std::max<std::size_t>(change.properties.size(), 1));
     data["kind"] = wordOf(change.kind);
     data["className"] = printable(change.className);
     data["key"] = printable(keyText(change.instance));

@@ -7,6 +7,7 @@ namespace VQ::Tool
 extern const char* const PageHtml;
 extern const char* const MachineHtml;
 extern const char* const ClassHtml;
+extern const char* const GlossaryHtml;
 extern const char* const ComparisonHtml;
 extern const char* const StyleCss;
 

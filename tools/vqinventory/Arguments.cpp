@@ -220,6 +220,8 @@ void requireSense(const Arguments& arguments)
     if (arguments.command == Command::Compare && isStandardInput(arguments.before) && isStandardInput(arguments.after))
         throw UsageError("standard input (-) can be read once only");
     const bool asksTheModule = arguments.command == Command::Invoke || arguments.command == Command::Check;
+    if (asksTheModule && arguments.redact)
+        throw UsageError("--redact hides in answers; invoke and check have none to hide in");
     if (asksTheModule && (files > 1 || !arguments.savedFiles.empty()))
         throw UsageError("invoke and check ask the module of this machine: no saved answers, and one dump at most");
 }

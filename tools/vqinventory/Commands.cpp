@@ -53,7 +53,7 @@ Outcome show(const Arguments& arguments)
     Outcome outcome;
     if (arguments.request.kind != Request::Get || hasInstances(machines))
         outcome.output = write(machines, arguments.setting);
-    outcome.complaints = complaintsOf(machines, arguments.command != Command::Summary);
+    outcome.complaints = complaintsOf(machines, arguments.command != Command::Summary && !format.showsNotes);
     outcome.code = anyFailed(machines) ? RequestFailed : Done;
     return outcome;
 }
