@@ -23,7 +23,10 @@ std::optional<DateTime> installDate(const OperatingSystem& system)
 {
     try {
         const DateTime date = system.getInstallDate();
-        return date != unknownDate() ? std::optional(date) : std::nullopt;
+        if (!(date != unknownDate()))
+            return std::nullopt;
+        cimValue(date); // fails here where it can't be converted, and not when the row is made
+        return date;
     } catch (...) {
         return std::nullopt;
     }
