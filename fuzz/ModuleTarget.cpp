@@ -134,7 +134,7 @@ void checkFetched(const CIMObjectPath& path)
     Collected got;
     provider().getInstance(OperationContext(), path, false, false, CIMPropertyList(), got);
     require(got.completed && got.instances.size() == 1, "an instance can be fetched by its path");
-    require(got.instances[0].getPath().getKeyBindings() == path.getKeyBindings(), "and is the one of that path");
+    require(got.instances[0].getPath() == path, "and is the one of that path");
 }
 
 // The instances of a class; none where the request fails, as an OEM string may make it.
