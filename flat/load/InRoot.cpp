@@ -8,6 +8,7 @@
 #include <new>
 #include <sched.h>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 
@@ -68,11 +69,15 @@ void inRoot(const std::function<void()>& work)
         enterRoot();
         work();
     };
-    std::thread([&] {
-        apart = unshare(CLONE_FS) == 0;
-        if (apart)
-            failure = failureOf(workInRoot);
-    }).join();
+    try {
+        std::thread([&] {
+            apart = unshare(CLONE_FS) == 0;
+            if (apart)
+                failure = failureOf(workInRoot);
+        }).join();
+    } catch (const std::system_error& error) {
+        throw Failure(std::string("cannot start a thread: ") + error.what());
+    }
     if (!apart) {
         const ProcessInRoot process;
         failure = failureOf(workInRoot);

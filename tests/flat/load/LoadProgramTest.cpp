@@ -152,3 +152,22 @@ TEST(LoadCalls, LeaveTheProgramWhereItStandsThoughUnshareIsRefused)
     EXPECT_EQ(failed.exitCode, 1) << failed.output;
     EXPECT_EQ(failed.output.find("working directory"), std::string::npos) << failed.output;
 }
+
+TEST(LoadCalls, EndWithAnErrorWhereMemoryLacks)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the address sanitizer takes more memory than any limit";
+#endif
+    int refused = 0;
+    for (int kilobytes = 12000; kilobytes <= 40000; kilobytes += 1000) {
+        const Outcome outcome = runCalls("ulimit -c 0; ulimit -v " + std::to_string(kilobytes) + "; exec ",
+                                         ModuleFile + " " + Samples + "server.bin");
+        const bool started = outcome.output.rfind(CallsOfNothing, 0) == 0;
+        EXPECT_TRUE(!started || outcome.exitCode == 0 || outcome.exitCode == 1)
+            << kilobytes << " KB: " << outcome.exitCode << "\n"
+            << outcome.output;
+        refused += outcome.output.find("error: not enough memory") != std::string::npos ||
+                   outcome.output.find("error: cannot ") != std::string::npos;
+    }
+    EXPECT_GE(refused, 3);
+}
