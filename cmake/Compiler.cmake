@@ -27,9 +27,9 @@ if(VQ_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# Every symbol that a library needs must come from what it is linked with. The sanitizers' runtimes are linked into the
-# program only, so a sanitized library cannot promise that.
-set(VQ_SHARED_LINK_OPTIONS)
+# Every symbol that a library needs must come from what it is linked with, and be found when the library is loaded: later the
+# process would end. The sanitizers' runtimes are linked into the program only, so a sanitized library cannot promise the first.
+set(VQ_SHARED_LINK_OPTIONS -Wl,-z,now)
 if(NOT VQ_SANITIZE)
-    set(VQ_SHARED_LINK_OPTIONS -Wl,-z,defs)
+    list(APPEND VQ_SHARED_LINK_OPTIONS -Wl,-z,defs)
 endif()

@@ -83,7 +83,9 @@ std::string hint(const std::string& reason)
 }
 }
 
-Library::Library(const std::string& file) : _handle(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL))
+// What the module needs is bound at once, as it is linked to be. The thousands of functions of OpenPegasus's own
+// libraries, which would take a millisecond, are bound as they are called, as in a server.
+Library::Library(const std::string& file) : _handle(dlopen(file.c_str(), RTLD_LAZY | RTLD_LOCAL))
 {
     if (_handle)
         return;
@@ -104,7 +106,7 @@ void* Library::find(const char* name) const
 
 Module::Module(const std::string& file, const std::string& dump)
 {
-    const std::string path = file.empty() ? ownModule() : fullPath(file);
+    const std::string path = fullPath(file.empty() ? ownModule() : file);
     if (!dump.empty())
         _dump = std::make_unique<DumpCopy>(dump);
     inRoot([this, &path] { load(path); });
