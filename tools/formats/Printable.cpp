@@ -1,5 +1,6 @@
 #include "tools/formats/Printable.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace VQ::Tool
@@ -67,6 +68,9 @@ std::string escapedDirection(const std::string& character)
 
 std::string printable(const std::string& utf8)
 {
+    // Nearly all text: the names and codes of the classes, and what firmware writes in ASCII.
+    if (std::all_of(utf8.begin(), utf8.end(), [](unsigned char byte) { return byte >= 0x20 && byte < 0x7F; }))
+        return utf8;
     std::string safe;
     for (std::size_t position = 0; position < utf8.size();) {
         const auto lead = static_cast<unsigned char>(utf8[position]);
