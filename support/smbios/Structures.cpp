@@ -17,7 +17,7 @@ constexpr std::size_t UsualCount = 1024; // few machines have more structures; t
 
 // Past the two zero bytes that end a string set; null when there are none. There are strings until one is followed by a
 // second zero byte.
-const unsigned char* endOfStrings(const unsigned char* strings, const unsigned char* end)
+inline const unsigned char* endOfStrings(const unsigned char* strings, const unsigned char* end)
 {
     const auto zeroFrom = [end](const unsigned char* from) {
         return static_cast<const unsigned char*>(std::memchr(from, 0, static_cast<std::size_t>(end - from)));
