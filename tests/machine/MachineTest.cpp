@@ -1,3 +1,4 @@
+#include "tests/machine/Machine.h"
 #include "tests/machine/Transcript.h"
 
 #include <fstream>
@@ -11,19 +12,6 @@ using nlohmann::json;
 namespace
 {
 const std::string Work = VQ_MACHINE_WORK;
-
-/// Skips where the machine could not be had.
-class Machine : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        std::ifstream skipped(Work + "/skipped");
-        std::string reason;
-        if (std::getline(skipped, reason))
-            GTEST_SKIP() << reason;
-    }
-};
 
 class Inventory : public Machine
 {

@@ -11,7 +11,7 @@ std::vector<std::string> splitLines(std::istream& in)
 {
     std::vector<std::string> lines;
     for (std::string line; std::getline(in, line);) {
-        if (!line.empty() && line.back() == '\r')
+        while (!line.empty() && line.back() == '\r') // two under Xen
             line.pop_back();
         lines.push_back(line);
     }
