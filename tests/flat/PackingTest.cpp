@@ -98,12 +98,12 @@ TEST(Packing, EmptyStringArrayTakesEightBytes)
 
 TEST(Packing, LengthsCountsAndValuesHave32Bits)
 {
-    std::string buffer(630008, '#');
-    EXPECT_EQ(packS(buffer.data(), std::string(70000, 'x')), buffer.data() + 70009);
+    std::string buffer(8 + 70000 * 9, '#');
+    EXPECT_EQ(packS(buffer.data(), std::string(70000, 'x')), buffer.data() + 8 + 70001);
     EXPECT_EQ(buffer.substr(0, 8), words({1, 70000}));
-    EXPECT_EQ(packAI(buffer.data(), std::vector<int>(70000, 70001)), buffer.data() + 560008);
+    EXPECT_EQ(packAI(buffer.data(), std::vector<int>(70000, 70001)), buffer.data() + 8 + 70000 * 8);
     EXPECT_EQ(buffer.substr(0, 16), words({2, 70000, 0, 70001}));
-    EXPECT_EQ(packAS(buffer.data(), std::vector<std::string>(70000)), buffer.data() + 630008);
+    EXPECT_EQ(packAS(buffer.data(), std::vector<std::string>(70000)), buffer.data() + 8 + 70000 * 9);
     EXPECT_EQ(buffer.substr(0, 16), words({3, 70000, 1, 0}));
 }
 

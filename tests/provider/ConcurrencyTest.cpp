@@ -4,7 +4,6 @@
 #include "tests/testing/Provider.h"
 #include "tests/testing/ServedTable.h"
 
-#include <array>
 #include <atomic>
 #include <gtest/gtest.h>
 #include <thread>
@@ -66,9 +65,9 @@ TEST(Concurrency, EightThreadsAtOnceGetTheWholeInventoryFromOneProvider)
     TestProvider provider;
     ASSERT_EQ(wrongAnswers(provider), 0);
     std::atomic<int> wrong{0};
-    std::array<std::thread, threadCount> threads;
-    for (std::thread& thread : threads)
-        thread = std::thread([&provider, &wrong] {
+    std::vector<std::thread> threads;
+    for (int i = 0; i < threadCount; ++i)
+        threads.emplace_back([&provider, &wrong] {
             for (int round = 0; round < rounds; ++round)
                 wrong += wrongAnswers(provider);
         });

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -20,14 +21,17 @@ const std::string AllAsked = "ok       QORTAL_ComputerSystem: 1 instance\n"
                              "ok       QORTAL_OperatingSystem: 1 instance\n"
                              "ok       QORx_SystemMemory: 1 instance\n";
 
-// What `check` prints, without what it says of this machine's memory.
+// What `check` prints, without what it says of this machine's memory and of the optional libraries, which may be
+// installed.
 struct Check
 {
     explicit Check(const ToolRun& run) : exitCode(run.exitCode), errors(run.errors)
     {
         std::istringstream in(run.output);
         for (std::string line; std::getline(in, line);)
-            if (line.find("QORx_SystemMemory: this machine") == std::string::npos)
+            if (line.find("BMC: ") == 9 || line.find("Xen: ") == 9)
+                companions += line + "\n";
+            else if (line.find("QORx_SystemMemory: this machine") == std::string::npos)
                 output += line + "\n";
     }
 
@@ -35,6 +39,7 @@ struct Check
 
     int exitCode;
     std::string output;
+    std::string companions;
     std::string errors;
 };
 
@@ -89,6 +94,15 @@ TEST_F(ToolCheck, FindsNoProblemWhereThereIsNone)
     const Check form64 = check(oneSlot().type(127).form64());
     EXPECT_TRUE(form64.has("ok       SMBIOS table: version 2.4, 2 structures, 18 bytes, from ")) << form64.output;
     EXPECT_EQ(form64.exitCode, 0);
+}
+
+// What they answer is looked at where they are installed, by the tests of their packages.
+TEST_F(ToolCheck, SaysOfBothOptionalLibrariesWhetherTheyAreThere)
+{
+    const std::string said = check(oneSlot().type(127)).companions;
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 2) << said;
+    EXPECT_EQ(said.find(" BMC: "), 8u) << said;
+    EXPECT_NE(said.find(" Xen: "), std::string::npos) << said;
 }
 
 TEST_F(ToolCheck, ReportsADamagedTableAndGoesOn)

@@ -117,6 +117,14 @@ void judgeTrial(const Trial& trial, const Table& table, const std::string& modul
                           (asked.instances == 1 ? " instance" : " instances"));
         judgeTexts(asked, findings);
     }
+    for (const CompanionTrial& companion : trial.companions) {
+        if (companion.kind == CompanionTrial::Problem)
+            findings.problem(companion.text);
+        else if (companion.kind == CompanionTrial::Note)
+            findings.note(companion.text);
+        else
+            findings.good(companion.text);
+    }
     if (trial.failure)
         findings.problem("module: " + *trial.failure + "; if the file is damaged, install the package again");
 }

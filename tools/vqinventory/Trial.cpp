@@ -121,6 +121,8 @@ void writeLine(int pipe, const Json& json)
         writeLine(pipe, {{"loaded", true}});
         for (const std::string& className : classes)
             writeLine(pipe, toJson(tryClass(module, className)));
+        for (const CompanionTrial& companion : tryCompanions(moduleFile))
+            writeLine(pipe, {{"companion", companion.text}, {"kind", companion.kind}});
     } catch (const std::exception& error) {
         writeLine(pipe, {{"failure", error.what()}});
     }
@@ -148,6 +150,8 @@ Trial parsed(const std::string& lines)
         const Json json = Json::parse(lines.substr(begin, end - begin));
         if (json.contains("class"))
             trial.classes.push_back(toClassTrial(json));
+        else if (json.contains("companion"))
+            trial.companions.push_back({json.at("kind"), json.at("companion")});
         else if (json.contains("failure"))
             trial.failure = json.at("failure").get<std::string>();
         else
@@ -164,6 +168,7 @@ std::optional<std::string> endOf(const std::string& file, const Trial& trial, in
         return std::nullopt;
     const std::string when = !trial.loaded                           ? "while it was being loaded"
                              : trial.classes.size() < classes.size() ? "when asked for " + classes[trial.classes.size()]
+                             : trial.companions.empty()              ? "when its optional libraries were asked"
                                                                      : "when it was unloaded";
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM)
         return file + " gave no answer in " + std::to_string(TimeLimit) + " seconds, " + when;

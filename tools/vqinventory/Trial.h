@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tools/vqinventory/Companions.h"
 #include "tools/vqinventory/DumpFile.h"
 
 #include <cstddef>
@@ -33,8 +34,9 @@ struct ClassTrial
 struct Trial
 {
     bool loaded = false;
-    std::vector<ClassTrial> classes;    ///< those that were answered, in the order in which they were asked
-    std::optional<std::string> failure; ///< why the module could not be loaded, or how its process ended
+    std::vector<ClassTrial> classes;        ///< those that were answered, in the order in which they were asked
+    std::vector<CompanionTrial> companions; ///< the optional libraries, asked after the classes
+    std::optional<std::string> failure;     ///< why the module could not be loaded, or how its process ended
 };
 
 /// Loads the module file, over a dump where there is one, and asks it for the instances of these classes.

@@ -164,7 +164,7 @@ void partsOf(const char* text)
     const CIMObjectPath read{String(text)};
     print(std::string("parts of ") + text, [&] {
         std::string parts = shown(read.getHost()) + ' ' + shown(read.getNameSpace()) + ' ' + shown(read.getClassName());
-        const Array<CIMKeyBinding>& bindings = read.getKeyBindings();
+        const Array<CIMKeyBinding> bindings = read.getKeyBindings();
         for (Uint32 i = 0; i < bindings.size(); ++i)
             parts += ", " + shown(bindings[i].getName()) + ' ' + shown(bindings[i].getType()) + ' ' +
                      shown(bindings[i].getValue());

@@ -34,10 +34,10 @@ public:
     /// Appends a copy of every value of `other`, which may be this array.
     void appendArray(const Array& other)
     {
-        const Uint32 added = other.size();
-        own(size() + added);
-        for (Uint32 i = 0; i < added; ++i)
-            elements_->values[elements_->size++] = other[i];
+        const Array added(other);
+        own(size() + added.size());
+        for (Uint32 i = 0; i < added.size(); ++i)
+            elements_->values[elements_->size++] = added[i];
     }
     /// Puts `item` before the value at `index`; `size()` appends it.
     void insert(Uint32 index, const T& item)
