@@ -176,7 +176,7 @@ TEST_F(AllBmcs, NodesThatAreNoneOrRefuseLeaveSysfs)
 TEST_F(AllBmcs, MisbehaviourIsNoRecordOrTheRightOne)
 {
     const Transcript machine(Work, VQ_BMC_MACHINE);
-    for (const char* name : {"own.normal", "own.long", "own.otherNumber", "own.busy-7", "own.late-700"})
+    for (const char* name : {"own.normal", "own.long", "own.otherNumber", "own.busy-7", "own.late-700", "own.again"})
         EXPECT_EQ(answered(machine, name), OwnBmc) << name;
     for (const char* name : {"own.short", "own.error-0xc1", "own.error-0xff", "own.otherCommand", "own.busy-1000",
                              "own.late-2600", "own.silent"})
