@@ -23,8 +23,11 @@ std::string failureLines(const Machine& machine)
             same->second += ", " + answer.className;
     }
     std::string text;
-    for (const auto& [failure, classes] : lines)
-        text += failure->code + ": " + classes + (failure->text.empty() ? "" : ": " + failure->text) + "\n";
+    for (const auto& [failure, classes] : lines) {
+        const bool ofClasses = failure->code.compare(0, 8, "CIM_ERR_") == 0; // else of the machine as a whole
+        text += failure->code + (ofClasses ? ": " + classes : "") +
+                (failure->text.empty() ? "" : ": " + failure->text) + "\n";
+    }
     return text;
 }
 
