@@ -63,7 +63,7 @@ echo xen >/sys/hypervisor/type
 for file in "$bmc" "$xen"; do
     mv "$file" "$scratch/kept"
     echo "not a library" >"$file"
-    damaged=$(said | grep '^problem')
+    damaged=$(said | grep '^problem' || true) # check ends with 1 then
     check "a damaged ${file##*/}" 1 "$(grep -cE '^problem +(BMC|Xen): .*libqor(ipmi|xenprobe).so: .*Install the package systemprovider-(ipmi|xen) of' <<<"$damaged")"
     mv "$scratch/kept" "$file"
 done
