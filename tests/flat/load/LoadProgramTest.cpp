@@ -159,7 +159,7 @@ TEST(LoadCalls, EndWithAnErrorWhereMemoryLacks)
     GTEST_SKIP() << "the address sanitizer takes more memory than any limit";
 #endif
     int refused = 0;
-    for (int kilobytes = 12000; kilobytes <= 40000; kilobytes += 1000) {
+    for (int kilobytes = 12000; kilobytes <= 40000; kilobytes += 300) {
         const Outcome outcome = runCalls("ulimit -c 0; ulimit -v " + std::to_string(kilobytes) + "; exec ",
                                          ModuleFile + " " + Samples + "server.bin");
         const bool started = outcome.output.rfind(CallsOfNothing, 0) == 0;
