@@ -1,7 +1,7 @@
 #include "tools/vqfleet/Arguments.h"
 
 #include "tools/core/ObjectPath.h"
-#include "tools/knowledge/Classes.h"
+#include "tools/program/Options.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,33 +13,8 @@ namespace VQ::Tool
 
 namespace
 {
-// The formats that offer something.
-template <class Member> std::vector<std::string> formatsWith(Member member)
-{
-    std::vector<std::string> names;
-    for (const Format& format : formats())
-        if (format.*member)
-            names.emplace_back(format.name);
-    return names;
-}
-
-std::string listed(const std::vector<std::string>& names)
-{
-    std::string text;
-    for (std::size_t i = 0; i < names.size(); ++i)
-        text += (i == 0 ? "" : i + 1 == names.size() ? " or " : ", ") + names[i];
-    return text;
-}
-
-std::string classHelp()
-{
-    std::string text = "Classes:\n";
-    for (const ClassInfo& served : servedClasses())
-        text += "  " + std::string(served.name) + std::string(26 - std::string(served.name).size(), ' ') +
-                served.title + "\n";
-    return text + "\nExit code: 0 done, 1 a machine failed, 2 the command line is wrong.\n"
-                  "compare: 0 no difference, 1 differences, 2 trouble.";
-}
+constexpr const char* ExitCodes = "\nExit code: 0 done, 1 a machine failed, 2 the command line is wrong.\n"
+                                  "compare: 0 no difference, 1 differences, 2 trouble.";
 
 // What CLI11 stores the command line in.
 struct Parser
@@ -99,7 +74,7 @@ struct Parser
         app.add_option("--timeout", result.timeout, "seconds that one machine may take (20)")
             ->type_name("SECONDS")
             ->check(CLI::Range(1, 86400).description(""));
-        app.footer(classHelp());
+        app.footer(classList() + ExitCodes);
         app.require_subcommand(0, 1);
         app.fallthrough();
     }
@@ -144,26 +119,9 @@ void requireName(const std::string& name)
         throw UsageError("\"" + name + "\" is not the name of a class");
 }
 
-// The same class asked twice is one request, whatever its letter case.
-std::vector<std::string> cleanClasses(const std::vector<std::string>& given)
-{
-    std::vector<std::string> classes;
-    for (const std::string& name : given) {
-        requireName(name);
-        const std::string canonical = canonicalClassName(name);
-        if (std::find(classes.begin(), classes.end(), canonical) == classes.end())
-            classes.push_back(canonical);
-    }
-    return classes;
-}
-
 void requirePath(const std::string& path)
 {
-    if (lostItsQuotes(path))
-        throw UsageError(
-            "\"" + path +
-            "\" has no quotes around its values: the shell took them. Put the path in single quotes, as in\n"
-            "vqfleet get 'QORTAL_Slot.CreationClassName=\"QORTAL_Slot\",Tag=\"PCI 1\"'");
+    requireQuotes(path, "vqfleet");
     if (!parsePath(path))
         throw UsageError("\"" + path + "\" is not an object path (CLASS.KEY=\"VALUE\",...)");
 }
@@ -196,17 +154,15 @@ void requireSense(const Arguments& arguments)
         throw UsageError("--insecure and --pin do not go together: a pin is what makes a server sure");
 }
 
-// The format must offer what the command gives.
 void requireFormat(const Arguments& arguments)
 {
     const Format& format = *arguments.format;
-    const std::string refusal = "--format " + std::string(format.name) + " is for instances; ";
-    if (arguments.command == Command::Summary && !format.summary)
-        throw UsageError(refusal + "summary prints " + listed(formatsWith(&Format::summary)));
-    if (arguments.command == Command::Compare && !format.comparison)
-        throw UsageError(refusal + "compare prints " + listed(formatsWith(&Format::comparison)));
-    if (arguments.request.kind == Request::Names && !format.names)
-        throw UsageError(refusal + "names prints " + listed(formatsWith(&Format::names)));
+    if (arguments.command == Command::Summary)
+        requireOffered(format, &Format::summary, "summary");
+    if (arguments.command == Command::Compare)
+        requireOffered(format, &Format::comparison, "compare");
+    if (arguments.request.kind == Request::Names)
+        requireOffered(format, &Format::names, "names");
 }
 
 Arguments checked(Parser& parser)
@@ -226,7 +182,9 @@ Arguments checked(Parser& parser)
         requirePath(arguments.request.path);
         arguments.request.path = withoutServer(arguments.request.path);
     }
-    arguments.request.classes = cleanClasses(parser.classes);
+    for (const std::string& name : parser.classes)
+        requireName(name);
+    arguments.request.classes = eachClassOnce(parser.classes);
     requireSense(arguments);
     requireFormat(arguments);
     return arguments;

@@ -1,9 +1,9 @@
 #include "tools/vqinventory/Arguments.h"
 
 #include "tools/core/ObjectPath.h"
-#include "tools/knowledge/Classes.h"
 #include "tools/knowledge/Methods.h"
 #include "tools/program/InputFile.h"
+#include "tools/program/Options.h"
 
 #include <CLI/CLI.hpp>
 
@@ -20,53 +20,15 @@ namespace VQ::Tool
 
 namespace
 {
-std::vector<std::string> formatNames()
-{
-    std::vector<std::string> names;
-    for (const Format& format : formats())
-        names.emplace_back(format.name);
-    return names;
-}
-
-std::string listed(const std::vector<std::string>& names)
-{
-    std::string text;
-    for (std::size_t i = 0; i < names.size(); ++i)
-        text += (i == 0 ? "" : i + 1 == names.size() ? " or " : ", ") + names[i];
-    return text;
-}
-
-// The formats that offer something.
-template <class Member> std::string formatsWith(Member member)
-{
-    std::vector<std::string> names;
-    for (const Format& format : formats())
-        if (format.*member)
-            names.emplace_back(format.name);
-    return listed(names);
-}
-
-std::string formatHelp()
-{
-    return listed(formatNames()) + " (names, invoke and check: " + formatsWith(&Format::names) +
-           "; summary and compare: " + formatsWith(&Format::summary) + ")";
-}
-
 std::string versionText()
 {
     return "vqinventory " VQ_VERSION " (" + std::to_string(8 * sizeof(void*)) +
            "-bit, " VQ_CIM_LIBRARY " CIM library)\n";
 }
 
-std::string classHelp()
-{
-    std::string text = "Classes:\n";
-    for (const ClassInfo& served : servedClasses())
-        text += "  " + std::string(served.name) + std::string(26 - std::string(served.name).size(), ' ') +
-                served.title + "\n";
-    return text + "\nExit code: 0 done, 1 a request failed or a problem was found, 2 the command line is wrong.\n"
-                  "compare: 0 no difference, 1 differences, 2 trouble.";
-}
+constexpr const char* ExitCodes =
+    "\nExit code: 0 done, 1 a request failed or a problem was found, 2 the command line is wrong.\n"
+    "compare: 0 no difference, 1 differences, 2 trouble.";
 
 // What CLI11 stores the command line in.
 struct Parser
@@ -99,9 +61,12 @@ struct Parser
         app.set_version_flag("--version", versionText(), "print the version, the width and the CIM library");
         app.add_option("CLASS", classes, "classes to show, in any letter case, with their prefix or without it")
             ->type_name("");
-        app.add_option("--format", format, formatHelp())
+        const std::vector<std::string> formatNames = formatsWith(&Format::machines);
+        app.add_option("--format", format,
+                       listed(formatNames) + " (names, invoke and check: " + listed(formatsWith(&Format::names)) +
+                           "; summary and compare: " + listed(formatsWith(&Format::summary)) + ")")
             ->type_name("FORMAT")
-            ->check(CLI::IsMember(formatNames()).description(""));
+            ->check(CLI::IsMember(formatNames).description(""));
         addFiles(
             "--from-dump", result.dumpFiles,
             "take the SMBIOS table from a file: as dmidecode --dump-bin writes it, or as the kernel gives it (DMI), "
@@ -112,7 +77,7 @@ struct Parser
             ->type_name("FILE");
         app.add_option("--module", result.moduleFile, "load this provider module")->type_name("FILE");
         app.add_flag("--redact", result.redact, "hide serial numbers, asset tags, host names and places");
-        app.footer(classHelp());
+        app.footer(classList() + ExitCodes);
         app.require_subcommand(0, 1);
         app.fallthrough();
     }
@@ -160,11 +125,7 @@ void requireName(const std::string& name, const char* what)
 
 void requirePath(const std::string& path)
 {
-    if (lostItsQuotes(path))
-        throw UsageError(
-            "\"" + path +
-            "\" has no quotes around its values: the shell took them. Put the path in single quotes, as in\n"
-            "vqinventory get 'QORTAL_Slot.CreationClassName=\"QORTAL_Slot\",Tag=\"PCI 1\"'");
+    requireQuotes(path, "vqinventory");
     try {
         Pegasus::CIMObjectPath parsed(withoutServer(path).c_str());
     } catch (const Pegasus::Exception& error) {
@@ -182,19 +143,6 @@ void takeFurtherFiles(std::vector<std::string>& words, std::vector<std::string>&
     const auto isFile = [](const std::string& word) { return word.find_first_of("./") != std::string::npos; };
     std::copy_if(words.begin(), words.end(), std::back_inserter(files), isFile);
     words.erase(std::remove_if(words.begin(), words.end(), isFile), words.end());
-}
-
-// The same class asked twice is one request, whatever its letter case.
-std::vector<std::string> cleanClasses(const std::vector<std::string>& given)
-{
-    std::vector<std::string> classes;
-    for (const std::string& name : given) {
-        requireName(name, "class");
-        const std::string canonical = canonicalClassName(name);
-        if (std::find(classes.begin(), classes.end(), canonical) == classes.end())
-            classes.push_back(canonical);
-    }
-    return classes;
 }
 
 void refusePowerMethod(const Arguments& arguments)
@@ -226,19 +174,17 @@ void requireSense(const Arguments& arguments)
         throw UsageError("invoke and check ask the module of this machine: no saved answers, and one dump at most");
 }
 
-// The format must offer what the command gives.
 void requireFormat(const Arguments& arguments)
 {
     const Format& format = *arguments.format;
-    const std::string refusal = "--format " + std::string(format.name) + " is for instances; ";
-    if (arguments.command == Command::Summary && !format.summary)
-        throw UsageError(refusal + "summary prints " + formatsWith(&Format::summary));
-    if (arguments.command == Command::Compare && !format.comparison)
-        throw UsageError(refusal + "compare prints " + formatsWith(&Format::comparison));
-    if (arguments.command == Command::Show && arguments.request.kind == Request::Names && !format.names)
-        throw UsageError(refusal + "names prints " + formatsWith(&Format::names));
-    if ((arguments.command == Command::Invoke || arguments.command == Command::Check) && !format.result)
-        throw UsageError(refusal + "invoke and check print " + formatsWith(&Format::result));
+    if (arguments.command == Command::Summary)
+        requireOffered(format, &Format::summary, "summary");
+    if (arguments.command == Command::Compare)
+        requireOffered(format, &Format::comparison, "compare");
+    if (arguments.command == Command::Show && arguments.request.kind == Request::Names)
+        requireOffered(format, &Format::names, "names");
+    if (arguments.command == Command::Invoke || arguments.command == Command::Check)
+        requireOffered(format, &Format::result, "invoke and check", "print");
 }
 
 Arguments checked(Parser& parser)
@@ -273,7 +219,9 @@ Arguments checked(Parser& parser)
     } else if (parser.compare->parsed()) {
         arguments.command = Command::Compare;
     }
-    arguments.request.classes = cleanClasses(classes);
+    for (const std::string& name : classes)
+        requireName(name, "class");
+    arguments.request.classes = eachClassOnce(classes);
     requireSense(arguments);
     requireFormat(arguments);
     return arguments;
