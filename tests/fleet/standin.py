@@ -29,6 +29,13 @@ def answer_to(method, class_name):
     return body
 
 
+def returned(method, value):
+    """The answer to the call of a method that is no operation of CIM itself."""
+    content = b"" if value is None else (b'<RETURNVALUE PARAMTYPE="uint32"><VALUE>' + str(value).encode()
+                                         + b"</VALUE></RETURNVALUE>")
+    return wrapped(method, content).replace(b"IMETHODRESPONSE", b"METHODRESPONSE")
+
+
 def wrapped(method, content):
     return (b'<?xml version="1.0"?><CIM><MESSAGE ID="1" PROTOCOLVERSION="1.0"><SIMPLERSP><IMETHODRESPONSE NAME="'
             + method.encode() + b'">' + content + b"</IMETHODRESPONSE></SIMPLERSP></MESSAGE></CIM>")
@@ -46,6 +53,7 @@ class StandIns:
 
     def __init__(self, count=1, tls=None):
         self.ports, self.connections, self.requests = [], 0, 0
+        self.calls = []  # of methods: the port, the method, what of
         self._count, self._tls = count, tls
         self._loop = asyncio.new_event_loop()
         self._thread = threading.Thread(target=self._run, daemon=True)
@@ -91,18 +99,35 @@ class StandIns:
                    (line.partition(":") for line in head.split("\r\n")[1:])}
         body = await reader.readexactly(int(headers["content-length"]))
         self.requests += 1
-        name_space = urllib.parse.unquote(headers["cimobject"])
+        name_space, _, called = urllib.parse.unquote(headers["cimobject"]).partition(":")
         method = headers["cimmethod"]
         asked = re.search(rb'CLASSNAME NAME="(\w+)"', body)
-        good = answer_to(method, asked.group(1).decode() if asked else "none")
+        if called:
+            self.calls.append((writer.get_extra_info("sockname")[1], method, called))
+            good = returned(method, 0)
+        else:
+            good = answer_to(method, asked.group(1).decode() if asked else "none")
         behaviour = getattr(self, "_" + name_space.split("/")[-1].replace("-", "_"), None)
-        if behaviour is None:
+        if behaviour is None or (not called and "call-" in name_space):
             writer.write(response(good))
             await writer.drain()
             return True
         await behaviour(writer, method, good, headers)
         await writer.drain()
         return False
+
+    async def _call_refused(self, writer, method, good, headers):
+        writer.write(response(good.replace(b"<VALUE>0<", b"<VALUE>4294967295<")))
+
+    async def _call_denied(self, writer, method, good, headers):
+        denied = wrapped(method, b'<ERROR CODE="2" DESCRIPTION="not you"/>')
+        writer.write(response(denied.replace(b"IMETHODRESPONSE", b"METHODRESPONSE")))
+
+    async def _call_unknown(self, writer, method, good, headers):
+        writer.write(response(returned(method, None)))
+
+    async def _call_lost(self, writer, method, good, headers):
+        pass
 
     async def _tenth(self, writer, method, good, headers):
         await asyncio.sleep(0.1)

@@ -76,6 +76,7 @@ struct MethodAnswer
     std::string method;
     std::optional<Value> returnValue;
     std::optional<Failure> failure;
+    std::string machine = {}; ///< the one that was called, where there are several
 };
 
 }

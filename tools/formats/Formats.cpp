@@ -6,8 +6,8 @@ namespace VQ::Tool
 namespace
 {
 constexpr Format Known[] = {
-    {"text", machinesAsText, summaryAsText, namesAsText, comparisonAsText, resultAsText, false},
-    {"json", machinesAsJson, summaryAsJson, machinesAsJson, comparisonAsJson, resultAsJson, false},
+    {"text", machinesAsText, summaryAsText, namesAsText, comparisonAsText, resultsAsText, false},
+    {"json", machinesAsJson, summaryAsJson, machinesAsJson, comparisonAsJson, resultsAsJson, false},
     {"mof", machinesAsMof, nullptr, nullptr, nullptr, nullptr, false},
     {"html", machinesAsHtml, summaryAsHtml, nullptr, comparisonAsHtml, nullptr, true},
     {"csv", machinesAsCsv, summaryAsCsv, nullptr, comparisonAsCsv, nullptr, false},

@@ -21,7 +21,7 @@ struct Format
     MachinesWriter summary;
     MachinesWriter names; ///< the object paths only
     std::string (*comparison)(const Comparison& comparison, const Setting& setting);
-    std::string (*result)(const MethodAnswer& answer);
+    std::string (*results)(const std::vector<MethodAnswer>& answers); ///< of one method
     bool showsNotes; ///< a person who reads the machines in this form finds their notes there
 };
 
@@ -37,13 +37,13 @@ std::string machinesAsText(const std::vector<Machine>& machines, const Setting& 
 std::string summaryAsText(const std::vector<Machine>& machines, const Setting& setting);
 std::string namesAsText(const std::vector<Machine>& machines, const Setting& setting); ///< a path on each line
 std::string comparisonAsText(const Comparison& comparison, const Setting& setting);
-std::string resultAsText(const MethodAnswer& answer);
+std::string resultsAsText(const std::vector<MethodAnswer>& answers); ///< a line for each that has a value
 
 // Saved answers (core/Saved.h), and objects with what the others say.
 std::string machinesAsJson(const std::vector<Machine>& machines, const Setting& setting);
 std::string summaryAsJson(const std::vector<Machine>& machines, const Setting& setting);
 std::string comparisonAsJson(const Comparison& comparison, const Setting& setting);
-std::string resultAsJson(const MethodAnswer& answer);
+std::string resultsAsJson(const std::vector<MethodAnswer>& answers);
 
 /// Instance declarations in the language of DMTF DSP0004.
 std::string machinesAsMof(const std::vector<Machine>& machines, const Setting& setting);

@@ -111,6 +111,11 @@ Json toJson(const Change& change)
             {"properties", properties}};
 }
 
+Json toJson(const MethodAnswer& answer)
+{
+    return {{"class", answer.className}, {"method", answer.method}, {"ReturnValue", toJson(answer.returnValue)}};
+}
+
 Json toJson(const MachineComparison& machine)
 {
     Json changes = Json::array();
@@ -151,11 +156,18 @@ std::string comparisonAsJson(const Comparison& comparison, const Setting&)
                     {"machines", machines}});
 }
 
-std::string resultAsJson(const MethodAnswer& answer)
+std::string resultsAsJson(const std::vector<MethodAnswer>& answers)
 {
-    return written({{"class", answer.className},
-                    {"method", answer.method},
-                    {"ReturnValue", answer.returnValue ? toJson(*answer.returnValue) : Json(nullptr)}});
+    if (answers.size() == 1)
+        return written(toJson(answers.front()));
+    Json all = Json::array();
+    for (const MethodAnswer& answer : answers) {
+        all.push_back(toJson(answer));
+        all.back()["machine"] = answer.machine;
+        all.back()["failure"] =
+            answer.failure ? Json({{"code", answer.failure->code}, {"text", answer.failure->text}}) : Json(nullptr);
+    }
+    return written({{"format", "systemprovider-results"}, {"version", FormatVersion}, {"results", all}});
 }
 
 }

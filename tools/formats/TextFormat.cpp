@@ -102,12 +102,15 @@ std::string namesAsText(const std::vector<Machine>& machines, const Setting&)
     return text;
 }
 
-std::string resultAsText(const MethodAnswer& answer)
+std::string resultsAsText(const std::vector<MethodAnswer>& answers)
 {
-    if (!answer.returnValue || answer.returnValue->elements.empty())
-        return "";
-    return printable(answer.className + "." + answer.method) + ": ReturnValue " +
-           valueText("", "", answer.returnValue->elements.front()) + "\n";
+    std::string text;
+    for (const MethodAnswer& answer : answers)
+        if (answer.returnValue && !answer.returnValue->elements.empty())
+            text += printable((answer.machine.empty() ? "" : answer.machine + ": ") + answer.className + "." +
+                              answer.method) +
+                    ": ReturnValue " + valueText("", "", answer.returnValue->elements.front()) + "\n";
+    return text;
 }
 
 }

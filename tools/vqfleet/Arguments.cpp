@@ -30,6 +30,7 @@ struct Parser
     CLI::App* names = nullptr;
     CLI::App* get = nullptr;
     CLI::App* compare = nullptr;
+    CLI::App* invoke = nullptr;
 
     Parser()
     {
@@ -62,7 +63,7 @@ struct Parser
                  "take answers that --format json saved, in place of asking servers");
         const std::vector<std::string> formatNames = formatsWith(&Format::machines);
         app.add_option("--format", format,
-                       listed(formatNames) + " (names: " + listed(formatsWith(&Format::names)) +
+                       listed(formatNames) + " (names and invoke: " + listed(formatsWith(&Format::names)) +
                            "; summary and compare: " + listed(formatsWith(&Format::summary)) + ")")
             ->type_name("FORMAT")
             ->check(CLI::IsMember(formatNames).description(""));
@@ -105,18 +106,23 @@ struct Parser
         compare->add_option("AFTER", result.after, "the file with the later ones; none: the servers as they are now")
             ->type_name("");
         compare->add_flag("--all", result.moving, "compare what always moves, too: time, free memory, processes");
-        for (CLI::App* command : {summary, show, names, get, compare})
+        invoke = app.add_subcommand("invoke", "call a method: Reboot or Shutdown of QORTAL_OperatingSystem");
+        invoke->add_option("CLASS", result.call.className, "the class of the method")->required()->type_name("");
+        invoke->add_option("METHOD", result.call.method, "the method")->required()->type_name("");
+        invoke->add_flag("--yes", result.yes, "do it; without this, say what would be done and to which machines");
+        invoke->add_flag("--all", result.several, "do it although several servers are named");
+        for (CLI::App* command : {summary, show, names, get, compare, invoke})
             command->require_subcommand(0);
     }
 };
 
-void requireName(const std::string& name)
+void requireName(const std::string& name, const char* what)
 {
     const bool legal = !name.empty() && std::isdigit(static_cast<unsigned char>(name[0])) == 0 &&
                        std::all_of(name.begin(), name.end(),
                                    [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; });
     if (!legal)
-        throw UsageError("\"" + name + "\" is not the name of a class");
+        throw UsageError("\"" + name + "\" is not the name of a " + what);
 }
 
 void requirePath(const std::string& path)
@@ -141,6 +147,10 @@ void requireSense(const Arguments& arguments)
     const bool comparesFiles = arguments.command == Command::Compare && !arguments.after.empty();
     if (arguments.command == Command::Compare && !arguments.savedFiles.empty())
         throw UsageError("compare takes its files as BEFORE and AFTER, without an option");
+    if (arguments.command == Command::Invoke && !arguments.savedFiles.empty())
+        throw UsageError("invoke calls servers, and saved answers are none: --server or --servers");
+    if (arguments.command == Command::Invoke && arguments.redact)
+        throw UsageError("--redact hides in answers; invoke has none to hide in");
     if (comparesFiles && asksServers)
         throw UsageError("compare looks at BEFORE and AFTER, or at BEFORE and the servers: leave one of them out");
     if (!asksServers && arguments.savedFiles.empty() && !comparesFiles)
@@ -161,6 +171,8 @@ void requireFormat(const Arguments& arguments)
         requireOffered(format, &Format::summary, "summary");
     if (arguments.command == Command::Compare)
         requireOffered(format, &Format::comparison, "compare");
+    if (arguments.command == Command::Invoke)
+        requireOffered(format, &Format::results, "invoke");
     if (arguments.request.kind == Request::Names)
         requireOffered(format, &Format::names, "names");
 }
@@ -172,6 +184,10 @@ Arguments checked(Parser& parser)
     arguments.netrc = arguments.netrc || !arguments.netrcFile.empty();
     if (parser.compare->parsed()) {
         arguments.command = Command::Compare;
+    } else if (parser.invoke->parsed()) {
+        arguments.command = Command::Invoke;
+        requireName(arguments.call.className, "class");
+        requireName(arguments.call.method, "method");
     } else if (parser.show->parsed() || parser.names->parsed() || parser.get->parsed()) {
         arguments.command = Command::Show;
     }
@@ -183,7 +199,7 @@ Arguments checked(Parser& parser)
         arguments.request.path = withoutServer(arguments.request.path);
     }
     for (const std::string& name : parser.classes)
-        requireName(name);
+        requireName(name, "class");
     arguments.request.classes = eachClassOnce(parser.classes);
     requireSense(arguments);
     requireFormat(arguments);

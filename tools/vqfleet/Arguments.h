@@ -3,6 +3,7 @@
 #include "tools/formats/Formats.h"
 #include "tools/program/Errors.h"
 #include "tools/program/Request.h"
+#include "tools/vqfleet/Invocation.h"
 
 #include <string>
 #include <vector>
@@ -14,7 +15,8 @@ enum class Command
 {
     Summary,
     Show, ///< names and get, too
-    Compare
+    Compare,
+    Invoke
 };
 
 /// What the command line asks for.
@@ -44,6 +46,10 @@ struct Arguments
     std::string before;  ///< of Compare
     std::string after;   ///< of Compare; empty: the servers as they are now
     bool moving = false; ///< of Compare: --all
+
+    MethodCall call;
+    bool yes = false;     ///< of Invoke
+    bool several = false; ///< of Invoke: --all
 };
 
 /// Throws UsageError.

@@ -64,7 +64,8 @@ Question intrinsic(const std::string& nameSpace, const char* method, const std::
 {
     return {method, encoded(nameSpace),
             message("<IMETHODCALL NAME=\"" + std::string(method) + "\">" + namespacePath(nameSpace) + parameters +
-                    "</IMETHODCALL>")};
+                    "</IMETHODCALL>"),
+            false};
 }
 
 std::string keyValue(const Scalar& value)
@@ -121,7 +122,8 @@ Question askForCall(const std::string& nameSpace, const Instance& object, const 
 {
     return {method, encoded(nameSpace + ":" + object.path),
             message("<METHODCALL NAME=\"" + escapedXml(method) + "\"><LOCALINSTANCEPATH>" + namespacePath(nameSpace) +
-                    instanceName(object) + "</LOCALINSTANCEPATH></METHODCALL>")};
+                    instanceName(object) + "</LOCALINSTANCEPATH></METHODCALL>"),
+            true};
 }
 
 }

@@ -17,6 +17,7 @@ struct Question
     std::string method; ///< of the header CIMMethod
     std::string object; ///< of the header CIMObject
     std::string body;
+    bool once = false; ///< not to be repeated where the connection breaks: it does something
 };
 
 /// `nameSpace` is "root/cimv2"; names are taken as they are and escaped.

@@ -2,6 +2,7 @@
 
 #include "tools/core/Compare.h"
 #include "tools/core/Redact.h"
+#include "tools/knowledge/Methods.h"
 #include "tools/program/Failures.h"
 #include "tools/program/InputFile.h"
 #include "tools/program/SavedFile.h"
@@ -147,11 +148,63 @@ Outcome compare(const Arguments& arguments)
     outcome.code = isSame(comparison) ? Same : Different;
     return outcome;
 }
+// Whoever reads that nothing was done must see what it was, and to whom.
+void requireLeave(const Arguments& arguments, const std::vector<Server>& servers)
+{
+    const bool several = servers.size() > 1;
+    if (arguments.yes && (arguments.several || !several))
+        return;
+    const char* missing = arguments.yes ? "--all" : several && !arguments.several ? "--yes and --all" : "--yes";
+    throw UsageError(effectOf(arguments.call, servers) + (several ? "\n" : ". ") + "Nothing was done; add " + missing +
+                     " to do it");
+}
+
+// The machines that were called, with what failed.
+std::vector<Machine> calledMachines(const std::vector<Server>& servers, const std::vector<MethodAnswer>& answers)
+{
+    std::vector<Machine> machines;
+    for (std::size_t i = 0; i < servers.size(); ++i) {
+        machines.emplace_back();
+        machines.back().name = servers[i].name;
+        machines.back().source = {Source::Server, servers[i].place()};
+        machines.back().answers = {{answers[i].className, {}, answers[i].failure}};
+        if (isRefusedRestart(answers[i]))
+            machines.back().notes = {"the kernel refused to restart the machine: the server's user must be root"};
+    }
+    makeNamesDiffer(machines);
+    return machines;
+}
+
+Outcome invoke(const Arguments& arguments)
+{
+    const std::vector<Server> servers = serversOf(arguments);
+    requireLeave(arguments, servers);
+    std::vector<MethodAnswer> answers =
+        callFleet(servers, arguments.call, accessOf(arguments, servers), {arguments.jobs, arguments.timeout});
+    Answers called{calledMachines(servers, answers), warningsOf(servers, arguments)};
+    if (answers.size() > 1)
+        for (std::size_t i = 0; i < answers.size(); ++i)
+            answers[i].machine = called.machines[i].name;
+    Outcome outcome;
+    if (answers.size() > 1 || !answers.front().failure)
+        outcome.output = arguments.format->results(answers);
+    outcome.complaints = complaintsAbout(called, true);
+    const bool refused = std::any_of(answers.begin(), answers.end(), isRefusedRestart);
+    outcome.code = refused || anyFailed(called.machines) ? RequestFailed : Done;
+    return outcome;
+}
 }
 
 Outcome runCommand(const Arguments& arguments)
 {
-    return arguments.command == Command::Compare ? compare(arguments) : show(arguments);
+    switch (arguments.command) {
+    case Command::Invoke:
+        return invoke(arguments);
+    case Command::Compare:
+        return compare(arguments);
+    default:
+        return show(arguments);
+    }
 }
 
 }

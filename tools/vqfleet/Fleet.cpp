@@ -3,7 +3,7 @@
 #include "tools/program/Clock.h"
 #include "tools/program/Output.h"
 #include "tools/program/SavedFile.h"
-#include "tools/vqfleet/Progress.h"
+#include "tools/vqfleet/Verdict.h"
 
 #include <algorithm>
 #include <map>
@@ -14,16 +14,6 @@ namespace VQ::Tool
 
 namespace
 {
-// What a class's failure has to do with how the server is set up.
-std::string remedyOf(const Failure& failure, const Server& server)
-{
-    if (failure.code == "CIM_ERR_INVALID_NAMESPACE")
-        return "; " + server.address + " has no such namespace: what stands behind the port in its address names it";
-    if (failure.code == "CIM_ERR_INVALID_CLASS" || failure.code == "CIM_ERR_NOT_SUPPORTED")
-        return "; the module is not registered there for this class (vq-register on that machine)";
-    return "";
-}
-
 class Inventory : public Conversation
 {
 public:
@@ -102,8 +92,7 @@ std::vector<Machine> askFleet(const std::vector<Server>& servers, const Request&
         inventories.push_back(inventory.get());
         conversations.push_back(std::move(inventory));
     }
-    Progress progress(servers.size());
-    converse(servers, conversations, access, pace, [&progress] { progress.step(); });
+    converse(servers, conversations, access, pace);
     std::vector<Machine> machines;
     for (Inventory* inventory : inventories)
         machines.push_back(std::move(inventory->machine));

@@ -1,6 +1,7 @@
 #include "tools/vqfleet/Transport.h"
 
 #include "tools/program/Errors.h"
+#include "tools/vqfleet/Progress.h"
 #include "tools/vqfleet/Verdict.h"
 
 #include <algorithm>
@@ -59,6 +60,8 @@ public:
               "CIMMethod: " + _question.method, "CIMObject: " + _question.object, std::string("Expect:")})
             _headers.reset(curl_slist_append(_headers.release(), line.c_str()));
         set(CURLOPT_HTTPHEADER, _headers.get());
+        // Over a connection that was used before, what the server did not seem to get is sent again.
+        set(CURLOPT_FRESH_CONNECT, _question.once ? 1L : 0L);
         set(CURLOPT_POSTFIELDS, _question.body.c_str());
         set(CURLOPT_POSTFIELDSIZE, static_cast<long>(_question.body.size()));
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(_deadline - Clock::now()).count();
@@ -265,17 +268,18 @@ private:
 }
 
 void converse(const std::vector<Server>& servers, const std::vector<std::unique_ptr<Conversation>>& conversations,
-              const Access& access, const Pace& pace, const std::function<void()>& ended)
+              const Access& access, const Pace& pace)
 {
+    Progress progress(servers.size());
     Calls calls(pace);
     for (std::size_t next = 0; next < servers.size() || calls.count() > 0;) {
         while (next < servers.size() && calls.count() < pace.jobs) {
             if (!calls.start(std::make_unique<Call>(servers[next], *conversations[next], access, pace)))
-                ended();
+                progress.step();
             ++next;
         }
         for (std::size_t done = calls.advance(); done > 0; --done)
-            ended();
+            progress.step();
     }
 }
 

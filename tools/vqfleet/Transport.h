@@ -4,7 +4,6 @@
 #include "tools/vqfleet/ServerList.h"
 
 #include <cstddef>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -48,11 +47,11 @@ public:
 /// The most that all the answers of one machine may have, in bytes.
 constexpr std::size_t MaxAnswerSize = 32u << 20;
 
-/// Has the conversations with the servers of the same place in the list, many at a time, and calls `ended` after each.
+/// Has the conversations with the servers of the same place in the list, many at a time, and shows how far it is.
 /// The failures' codes tell what went wrong without a CIM server to say it: NAME_NOT_FOUND, UNREACHABLE, TIMED_OUT,
 /// TLS_FAILED, WRONG_PASSWORD, NOT_A_CIM_SERVER, CUT_OFF, TOO_LARGE, NO_CIM_ANSWER. Throws LoadError where the network
 /// library does not work at all.
 void converse(const std::vector<Server>& servers, const std::vector<std::unique_ptr<Conversation>>& conversations,
-              const Access& access, const Pace& pace, const std::function<void()>& ended);
+              const Access& access, const Pace& pace);
 
 }

@@ -82,4 +82,13 @@ Failure verdictOn(const Ending& ending, const Server& server, const Access& acce
     }
 }
 
+std::string remedyOf(const Failure& failure, const Server& server)
+{
+    if (failure.code == "CIM_ERR_INVALID_NAMESPACE")
+        return "; " + server.address + " has no such namespace: what stands behind the port in its address names it";
+    if (failure.code == "CIM_ERR_INVALID_CLASS" || failure.code == "CIM_ERR_NOT_SUPPORTED")
+        return "; the module is not registered there for this class (vq-register on that machine)";
+    return "";
+}
+
 }

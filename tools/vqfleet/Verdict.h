@@ -22,4 +22,7 @@ struct Ending
 /// What a person should know of it: the reason, and what would help.
 Failure verdictOn(const Ending& ending, const Server& server, const Access& access, const Pace& pace);
 
+/// What a failure that the server tells of has to do with how it is set up, to be added to its text; mostly nothing.
+std::string remedyOf(const Failure& failure, const Server& server);
+
 }

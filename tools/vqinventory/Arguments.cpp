@@ -148,7 +148,7 @@ void takeFurtherFiles(std::vector<std::string>& words, std::vector<std::string>&
 void refusePowerMethod(const Arguments& arguments)
 {
     if (const PowerMethod* power = findPowerMethod(arguments.method))
-        throw UsageError(arguments.className + "." + arguments.method + " " + power->effect +
+        throw UsageError(arguments.className + "." + arguments.method + " " + effectOn("this machine", *power) +
                          ". Nothing was done; add --yes to do it");
 }
 
@@ -184,7 +184,7 @@ void requireFormat(const Arguments& arguments)
     if (arguments.command == Command::Show && arguments.request.kind == Request::Names)
         requireOffered(format, &Format::names, "names");
     if (arguments.command == Command::Invoke || arguments.command == Command::Check)
-        requireOffered(format, &Format::result, "invoke and check", "print");
+        requireOffered(format, &Format::results, "invoke and check", "print");
 }
 
 Arguments checked(Parser& parser)

@@ -2,6 +2,7 @@
 
 #include "tools/core/Compare.h"
 #include "tools/core/Redact.h"
+#include "tools/knowledge/Methods.h"
 #include "tools/program/Failures.h"
 #include "tools/program/InputFile.h"
 #include "tools/program/SavedFile.h"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <strings.h>
 
 namespace VQ::Tool
 {
@@ -86,13 +86,6 @@ Outcome compare(const Arguments& arguments)
     return outcome;
 }
 
-// The kernel's refusal of a restart is delivered as a value, not as an error.
-bool rebootRefused(const MethodAnswer& answer)
-{
-    return strcasecmp(answer.method.c_str(), "Reboot") == 0 && answer.returnValue &&
-           answer.returnValue->elements != std::vector<Scalar>{std::uint64_t{0}};
-}
-
 Outcome invoke(const Arguments& arguments)
 {
     std::optional<DumpReader> reader;
@@ -107,8 +100,8 @@ Outcome invoke(const Arguments& arguments)
         outcome.code = RequestFailed;
         return outcome;
     }
-    outcome.output = arguments.format->result(answer);
-    if (rebootRefused(answer)) {
+    outcome.output = arguments.format->results({answer});
+    if (isRefusedRestart(answer)) {
         outcome.complaints = "the kernel refused to restart the machine; run as root\n";
         outcome.code = RequestFailed;
     }
