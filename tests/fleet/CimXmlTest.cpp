@@ -224,6 +224,9 @@ TEST(CimAnswer, OfOneInstanceHasThePathThatWasAsked)
     EXPECT_EQ(answer.instances[0].path, path);
     EXPECT_TRUE(answer.instances[0].properties.at(0).isKey);
     EXPECT_THROW(answerWithInstance(body("GetInstance", ""), path), NoAnswer);
+    EXPECT_THROW(answerWithInstance(
+                     body("GetInstance", "<IRETURNVALUE><INSTANCE CLASSNAME=\"QORTAL_Slot\"/></IRETURNVALUE>"), path),
+                 NoAnswer);
 }
 
 TEST(CimAnswer, OfACallHasItsValue)

@@ -351,6 +351,8 @@ Answer answerWithInstance(const std::string& body, const std::string& path)
     Instance instance = asked ? *asked : Instance();
     const pugi::xml_node node = neededChild(response.returned("IRETURNVALUE"), "INSTANCE");
     instance.className = nameIn(node, "CLASSNAME");
+    if (strcasecmp(instance.className.c_str(), answer.className.c_str()) != 0)
+        throw NoAnswer("it tells of an instance of another class: " + instance.className.substr(0, 80));
     takeProperties(node, instance);
     answer.instances.push_back(std::move(instance));
     return answer;
