@@ -455,7 +455,7 @@ void expectMisuse(const Misuse& misuse)
 TEST(ToolUsage, WrongOptionsAreUsageErrors)
 {
     expectMisuse({{"--bogus"}, "The following argument was not expected: --bogus\nvqinventory: --help shows"});
-    expectMisuse({{"--format", "xml"}, "--format: xml not in {text,json,mof,html,csv}\n"});
+    expectMisuse({{"--format", "xml"}, "--format: xml not in {text,json,mof,html,csv,prometheus}\n"});
     expectMisuse({{"--format", "json", "--format", "text"}, "--format"});
     expectMisuse({{"--from-dump"}, "--from-dump: 1 required FILE missing\n"});
     expectMisuse({{"--module"}, "--module: 1 required FILE missing\n"});

@@ -11,6 +11,7 @@ constexpr Format Known[] = {
     {"mof", machinesAsMof, nullptr, nullptr, nullptr, nullptr, false},
     {"html", machinesAsHtml, summaryAsHtml, nullptr, comparisonAsHtml, nullptr, true},
     {"csv", machinesAsCsv, summaryAsCsv, nullptr, comparisonAsCsv, nullptr, false},
+    {"prometheus", machinesAsPrometheus, summaryAsPrometheus, nullptr, nullptr, nullptr, false},
 };
 }
 

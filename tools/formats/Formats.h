@@ -53,6 +53,11 @@ std::string machinesAsCsv(const std::vector<Machine>& machines, const Setting& s
 std::string summaryAsCsv(const std::vector<Machine>& machines, const Setting& setting);
 std::string comparisonAsCsv(const Comparison& comparison, const Setting& setting);
 
+// Metrics for Prometheus, as the node exporter's textfile collector takes them: gauges, each series once whatever the
+// machines answered. A summary has no part of a machine for itself.
+std::string machinesAsPrometheus(const std::vector<Machine>& machines, const Setting& setting);
+std::string summaryAsPrometheus(const std::vector<Machine>& machines, const Setting& setting);
+
 // A page in one file, which needs no script and no network: the summary as pictures, then every class as a table. What
 // changed is a page of its own.
 std::string machinesAsHtml(const std::vector<Machine>& machines, const Setting& setting);

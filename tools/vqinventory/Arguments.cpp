@@ -64,7 +64,8 @@ struct Parser
         const std::vector<std::string> formatNames = formatsWith(&Format::machines);
         app.add_option("--format", format,
                        listed(formatNames) + " (names, invoke and check: " + listed(formatsWith(&Format::names)) +
-                           "; summary and compare: " + listed(formatsWith(&Format::summary)) + ")")
+                           "; summary: " + listed(formatsWith(&Format::summary)) +
+                           "; compare: " + listed(formatsWith(&Format::comparison)) + ")")
             ->type_name("FORMAT")
             ->check(CLI::IsMember(formatNames).description(""));
         addFiles(
