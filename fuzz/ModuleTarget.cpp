@@ -2,6 +2,7 @@
 // an SMBIOS version and the table.
 
 #include "flat/systemprovider.h"
+#include "flat/systemprovider_packed.h"
 #include "fuzz/Endless.h"
 #include "fuzz/Require.h"
 #include "support/pegasus/CimText.h"
@@ -159,13 +160,54 @@ Collected enumerate(const ClassOfTest& served, std::size_t size, bool& failed)
 using TextAt = void (*)(char*, unsigned int);
 using Text = void (*)(char*);
 
+// What the header calls T, of a table of this size.
+std::size_t textRoom(std::size_t size)
+{
+    return std::max<std::size_t>(size, 16);
+}
+
 // A text of the flat interface as CIM text. The buffer is as large as is documented, so the sanitizer sees one byte
 // more.
 template <class Get, class... Index> String flatText(Get get, std::size_t size, Index... index)
 {
-    const std::unique_ptr<char[]> buffer(new char[std::max<std::size_t>(size, 16)]);
+    const std::unique_ptr<char[]> buffer(new char[textRoom(size)]);
     get(buffer.get(), index...);
     return VQ::make_String(std::string(buffer.get()));
+}
+
+// A packed list of texts, as a CIM value writes it; the buffer has as many bytes as are documented.
+String flatTexts(void (*get)(void*), std::size_t room)
+{
+    const std::unique_ptr<unsigned char[]> buffer(new unsigned char[room]);
+    get(buffer.get());
+    PackedReader reader = packedReader(buffer.get(), room);
+    uint32_t count = 0;
+    require(packedTexts(&reader, &count) != 0, "it is a list of texts");
+    Array<String> texts;
+    for (const char* text = nullptr; count > 0; --count) {
+        uint32_t length = 0;
+        require(packedText(&reader, &text, &length) != 0, "it has as many texts as it says");
+        texts.append(VQ::make_String(std::string(text)));
+    }
+    return CIMValue(texts).toString();
+}
+
+String flatConnectors(unsigned index)
+{
+    constexpr std::size_t room = 24;
+    const std::unique_ptr<unsigned char[]> buffer(new unsigned char[room]);
+    getPortConnectors(buffer.get(), index);
+    PackedReader reader = packedReader(buffer.get(), room);
+    uint32_t count = 0;
+    int32_t inner = 0;
+    int32_t outer = 0;
+    require(packedIntegers(&reader, &count) != 0 && count == 2 && packedInteger(&reader, &inner) != 0 &&
+                packedInteger(&reader, &outer) != 0,
+            "it is a list of two integers");
+    Array<Uint16> codes;
+    codes.append(static_cast<Uint16>(inner));
+    codes.append(static_cast<Uint16>(outer));
+    return CIMValue(codes).toString();
 }
 
 void requireSame(const CIMInstance& instance, const char* property, const String& flat)
@@ -205,6 +247,7 @@ void compareCaches(const std::vector<CIMInstance>& instances, std::size_t size)
         requireSame(instances[i], "InstalledSize", getCacheInstalledSize(i));
         requireSame(instances[i], "MaximumInstallableSize", getCacheMaximumSize(i));
         requireSame(instances[i], "NumberOfBlocks", getCacheNumberOfBlocks(i));
+        require(getCacheSize(i) == getCacheInstalledSize(i), "one size goes by two names");
     }
 }
 
@@ -218,6 +261,9 @@ void compareFirmware(std::vector<CIMInstance> instances, std::size_t size)
     requireSame(instances[0], "CurrentLanguage", flatText(Text(getBiosCurrentLanguage), size));
     requireSame(instances[0], "LoadedStartingAddress", getBiosLoadedStartingAddress());
     requireSame(instances[0], "LoadedEndingAddress", getBiosLoadedEndingAddress());
+    requireSame(instances[0], "ListOfLanguages", flatTexts(getBiosLanguages, 8 + 254 * 9 + textRoom(size)));
+    requireSame(instances[0], "SMBIOSMajorVersion", static_cast<unsigned>(getBiosSmBiosMajorVersion()));
+    requireSame(instances[0], "SMBIOSMinorVersion", static_cast<unsigned>(getBiosSmBiosMinorVersion()));
     instances.erase(instances.begin());
     require(instances.size() == static_cast<std::size_t>(getFirmwareCount()), "there are as many firmware elements");
     compareTexts(instances, size,
@@ -241,13 +287,21 @@ void compare(const ClassOfTest& served, const std::vector<CIMInstance>& instance
                       {"SerialNumber", getBBSerialNumber},
                       {"Version", getBBVersion},
                       {"LocationInChassis", getBBLocation}});
+        const String options = flatTexts(getBBConfigurationOptions, 8 + 328 * textRoom(size));
+        for (unsigned i = 0; i < instances.size(); ++i) {
+            requireSame(instances[i], "ConfigOptions", options);
+            flatText(getBBProduct, size, i);
+            flatText(getBBAssetTag, size, i);
+        }
     } else if (name == "QORTAL_Port") {
         require(instances.size() == static_cast<std::size_t>(getPortCount()), "there are as many ports");
         compareTexts(instances, size,
                      {{"ExternalReferenceDesignator", getPortExternalReferenceDesignator},
                       {"InternalReferenceDesignator", getPortInternalReferenceDesignator}});
-        for (unsigned i = 0; i < instances.size(); ++i)
+        for (unsigned i = 0; i < instances.size(); ++i) {
             requireSame(instances[i], "PortType", static_cast<unsigned>(getPortType(i)));
+            requireSame(instances[i], "ConnectorType", flatConnectors(i));
+        }
     } else if (name == "QORTAL_Slot") {
         require(instances.size() == static_cast<std::size_t>(getSlotCount()), "there are as many slots");
         compareTexts(instances, size, {{"Name", getSlotDesignation}});
@@ -255,6 +309,7 @@ void compare(const ClassOfTest& served, const std::vector<CIMInstance>& instance
         requireSame(instances.at(0), "Manufacturer", flatText(Text(getChassisManufacturer), size));
         requireSame(instances.at(0), "SerialNumber", flatText(Text(getChassisSerialNumber), size));
         requireSame(instances.at(0), "Version", flatText(Text(getChassisVersion), size));
+        flatText(Text(getChassisAssetTag), size);
     } else if (name == "QORTAL_ComputerSystem") {
         requireSame(instances.at(0), "Model", flatText(Text(getCSModel), size));
         requireSame(instances.at(0), "Description", flatText(Text(getCSDescription), size));
