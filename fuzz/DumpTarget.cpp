@@ -1,28 +1,17 @@
 // The tool's look at a dump file of any bytes: what it says of it agrees with what the module's reader makes of it.
 
 #include "fuzz/Endless.h"
+#include "fuzz/MemoryFile.h"
 #include "fuzz/Require.h"
 #include "support/smbios/DumpSource.h"
 #include "tools/vqinventory/Table.h"
 
-#include <cstdlib>
 #include <string>
-#include <sys/mman.h>
-#include <unistd.h>
 
 using namespace VQ;
 
 namespace
 {
-// A file without a name, so that nothing is left behind.
-std::string fileOf(const unsigned char* data, std::size_t size)
-{
-    static const int descriptor = memfd_create("dump", 0);
-    if (ftruncate(descriptor, 0) != 0 || pwrite(descriptor, data, size, 0) != static_cast<ssize_t>(size))
-        std::abort();
-    return "/proc/self/fd/" + std::to_string(descriptor);
-}
-
 void checkReadable(const Tool::Table& table)
 {
     const SmBios smBios;
@@ -38,7 +27,7 @@ void checkReadable(const Tool::Table& table)
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
-    const std::string file = fileOf(data, size);
+    const std::string file = memoryFileOf(data, size);
     const Tool::Table table = Tool::readTable(file);
     vqServeSmBiosDump(file.c_str());
     if (!table.failure) {

@@ -136,6 +136,62 @@ TEST_F(SavedAnswers, ThatAreNoneAreReportedWithTheReason)
     }
 }
 
+TEST_F(SavedAnswers, TellNobodyHowMuchStackOrTimeTheyTake)
+{
+    const std::string depth(200000, '[');
+    std::string members;
+    for (int i = 0; i <= 1000; ++i)
+        members += (i > 0 ? ",\"" : "\"") + std::to_string(i) + "\":0";
+    const std::vector<std::pair<std::string, const char*>> documents = {
+        {R"({"format": "systemprovider-inventory", "version": )" + depth,
+         "it is nested deeper than what --format json writes"},
+        {"{" + members + "}", "an object in it has more than 1000 members"},
+    };
+    for (const auto& [document, reason] : documents) {
+        const TemporaryFile bad{document};
+        const ToolRun run = runTool({"--from-json", bad.name()});
+        EXPECT_EQ(run.errors, "vqinventory: " + bad.name() + " holds no saved answers: " + reason + "\n");
+        EXPECT_EQ(run.exitCode, 1);
+    }
+}
+
+TEST_F(SavedAnswers, OfOneNameAreToldApartEvenWhereAMachineIsNamedSo)
+{
+    auto document = nlohmann::json::parse(file.text());
+    auto& machines = document["machines"];
+    machines[0]["source"] = {{"kind", "machine"}};
+    machines[0]["name"] = "web1";
+    machines.push_back(machines[0]);
+    machines.push_back(machines[0]);
+    machines[2]["name"] = "web1 #2";
+    const TemporaryFile many{document.dump()};
+    const auto read =
+        nlohmann::json::parse(runTool({"--format", "json", "--from-json", many.name()}).output)["machines"];
+    EXPECT_EQ(read[0]["name"], "web1");
+    EXPECT_EQ(read[1]["name"], "web1 #2");
+    EXPECT_EQ(read[2]["name"], "web1 #2 #2");
+}
+
+TEST_F(SavedAnswers, HoldNothingThatATerminalObeysInAnyName)
+{
+    auto document = nlohmann::json::parse(file.text());
+    auto& machine = document["machines"][0];
+    machine["time"] = "\x1B[2J";
+    auto instance = machine["classes"]["QORTAL_Chassis"][0];
+    instance["class"] = "A\x1B[2J";
+    instance["properties"]["B\x1B[2J"] = "C\x1B[2J";
+    machine["classes"]["D\x1B[2J"] = {instance};
+    const TemporaryFile hostile{document.dump()};
+    for (const char* const format : {"text", "json", "mof", "html", "csv"}) {
+        const ToolRun run = runTool({"--format", format, "--from-json", hostile.name()});
+        EXPECT_EQ(run.exitCode, 0) << run.errors;
+        EXPECT_TRUE(contains(run.output, "[2J")) << format;
+        EXPECT_FALSE(contains(run.output, "\x1B")) << format;
+    }
+    const ToolRun summary = runTool({"summary", "--format", "csv", "--from-json", hostile.name()});
+    EXPECT_FALSE(contains(summary.output, "\x1B")) << summary.output;
+}
+
 TEST(DumpForms, PackedByGzip)
 {
     const TemporaryDirectory directory;

@@ -21,7 +21,8 @@ const char* const SourceNames[] = {"machine", "dump", "server"}; // by Source::K
 
 bool holdsDateTime(const Value& value)
 {
-    return !value.elements.empty() && std::holds_alternative<DateTimeText>(value.elements.front());
+    return std::any_of(value.elements.begin(), value.elements.end(),
+                       [](const Scalar& element) { return std::holds_alternative<DateTimeText>(element); });
 }
 
 Json toJson(const Instance& instance, const std::string& className)
@@ -97,11 +98,34 @@ Json toJson(const Machine& machine)
 
 // ---- reading
 
+// A file must not tell how much stack or time it takes: the library copies what is within another value by calling
+// itself, and looks at all members of an object before it adds one.
+class Limits
+{
+public:
+    bool operator()(int depth, Json::parse_event_t event, const Json&)
+    {
+        if (depth > Deepest)
+            throw std::runtime_error("it is nested deeper than what --format json writes");
+        if (event == Json::parse_event_t::object_start)
+            _members[depth + 1] = 0;
+        if (event == Json::parse_event_t::key && ++_members[depth] > MostMembers)
+            throw std::runtime_error("an object in it has more than " + std::to_string(MostMembers) + " members");
+        return true;
+    }
+
+    static constexpr std::size_t MostMembers = 1000;
+
+private:
+    static constexpr int Deepest = 32; // saved answers have 9
+    std::size_t _members[Deepest + 2] = {};
+};
+
 Scalar toScalar(const Json& json, bool isDateTime)
 {
     if (json.is_boolean())
         return json.get<bool>();
-    if (json.is_number_unsigned())
+    if (json.is_number_unsigned() || (json.is_number_integer() && json == 0)) // also "-0", which has a sign
         return json.get<std::uint64_t>();
     if (json.is_number_integer())
         return json.get<std::int64_t>();
@@ -153,11 +177,20 @@ Source toSource(const Json& json)
     const auto found = std::find(std::begin(SourceNames), std::end(SourceNames), name);
     if (found == std::end(SourceNames))
         throw std::runtime_error("the source \"" + name + "\" is not known");
-    return {static_cast<Source::Kind>(found - std::begin(SourceNames)), json.value("place", "")};
+    const auto kind = static_cast<Source::Kind>(found - std::begin(SourceNames));
+    return {kind, kind == Source::ThisMachine ? "" : json.value("place", "")};
+}
+
+bool hasFailed(const Json& machine, const std::string& className)
+{
+    const Json& failures = machine.at("failures");
+    return std::any_of(failures.begin(), failures.end(),
+                       [&className](const Json& failure) { return failure.at("class") == className; });
 }
 
 Machine toMachine(const Json& json)
 {
+    static const Types noTypes;
     Machine machine;
     machine.name = json.at("name");
     machine.source = toSource(json.at("source"));
@@ -169,12 +202,16 @@ Machine toMachine(const Json& json)
     machine.notes = json.at("notes").get<std::vector<std::string>>();
     const std::vector<std::string> ofAsked = json.at("ofAskedMachine");
     const auto types = json.at("types").get<std::map<std::string, Types>>();
+    if (json.at("failures").size() > Limits::MostMembers)
+        throw std::runtime_error("a machine in it has more than " + std::to_string(Limits::MostMembers) + " failures");
     for (const auto& [className, instances] : json.at("classes").items()) {
+        if (instances.empty() && hasFailed(json, className)) // which is among the failures, and there only
+            continue;
         Answer answer{className, {}, {}};
         const auto ofClass = types.find(className);
+        const Types& typesOfClass = ofClass == types.end() ? noTypes : ofClass->second;
         for (const Json& instance : instances)
-            answer.instances.push_back(
-                toInstance(instance, className, ofClass == types.end() ? Types() : ofClass->second));
+            answer.instances.push_back(toInstance(instance, className, typesOfClass));
         answer.ofAskedMachine = std::find(ofAsked.begin(), ofAsked.end(), className) != ofAsked.end();
         machine.answers.push_back(std::move(answer));
     }
@@ -211,7 +248,7 @@ std::vector<Machine> readMachines(const std::string& document, bool pathsWillDo)
 {
     std::vector<Machine> machines;
     try {
-        const Json json = Json::parse(document);
+        const Json json = Json::parse(document, Limits());
         if (!json.is_object() || json.value("format", "") != FormatName)
             throw std::runtime_error("it is JSON, but not what --format json writes");
         if (json.at("version") != FormatVersion)

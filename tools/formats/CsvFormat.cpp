@@ -80,7 +80,7 @@ std::string instancesAsCsv(const Machine& machine)
 {
     const Line names = propertyNames(machine);
     std::vector<Line> lines = {{"class"}};
-    lines.front().insert(lines.front().end(), names.begin(), names.end());
+    std::transform(names.begin(), names.end(), std::back_inserter(lines.front()), plainText);
     for (const Answer& answer : machine.answers) {
         for (const Instance& instance : answer.instances) {
             Line line(names.size() + 1);
@@ -123,7 +123,7 @@ Line lineOf(const Summary& summary)
             connectorCounts(summary, true),
             plainText(summary.operatingSystem),
             plainText(summary.bootTime),
-            summary.time};
+            plainText(summary.time)};
 }
 }
 

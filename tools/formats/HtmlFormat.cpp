@@ -364,7 +364,7 @@ std::string machineComparisonHtml(const MachineComparison& machine, const std::s
     data["id"] = id;
     data["name"] = printable(machine.name);
     data["kind"] = wordOf(machine.kind);
-    data["times"] = setIf(!times.empty(), times);
+    data["times"] = setIf(!times.empty(), printable(times));
     data["notCompared"] = setIf(!left.empty(), left);
     data["hasChanges"] = !machine.changes.empty();
     data["changes"] = std::move(changes);

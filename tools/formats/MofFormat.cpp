@@ -76,12 +76,13 @@ std::string literal(const Value& value)
 
 std::string declaration(const Instance& instance)
 {
-    std::string text = "instance of " + instance.className + " {\n";
+    std::string text = "instance of " + printable(instance.className) + " {\n";
     for (const Property& property : instance.properties) {
         // The language has no empty list, and NULL would say something else.
         const bool emptyList = property.value.isArray && !property.value.isNull && property.value.elements.empty();
-        text += emptyList ? "    // " + property.name + " is an empty list.\n"
-                          : "    " + property.name + " = " + literal(property.value) + ";\n";
+        const std::string name = printable(property.name);
+        text += emptyList ? "    // " + name + " is an empty list.\n"
+                          : "    " + name + " = " + literal(property.value) + ";\n";
     }
     return text + "};\n";
 }

@@ -6,6 +6,7 @@
 
 #include <iterator>
 #include <map>
+#include <set>
 
 namespace VQ::Tool
 {
@@ -36,12 +37,14 @@ void makeNamesDiffer(std::vector<Machine>& machines)
     std::map<std::string, unsigned> count;
     for (const Machine& machine : machines)
         ++count[machine.name];
-    std::map<std::string, unsigned> taken;
+    std::set<std::string> taken;
+    std::map<std::string, unsigned> number;
     for (Machine& machine : machines) {
         if (count[machine.name] > 1 && !machine.source.place.empty())
             machine.name += " (" + machine.source.place + ")";
-        if (const unsigned before = taken[machine.name]++)
-            machine.name += " #" + std::to_string(before + 1);
+        const std::string name = machine.name;
+        while (!taken.insert(machine.name).second) // "web1 #2" may be somebody's own name, too
+            machine.name = name + " #" + std::to_string(++number[name] + 1);
     }
 }
 
