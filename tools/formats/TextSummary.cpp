@@ -123,7 +123,8 @@ constexpr Column Columns[] = {
     {"Memory", [](const Summary& summary) { return summary.memory ? sizeText(*summary.memory) : ""; }},
 };
 
-// Each column as wide as its texts; where that is too wide, the widest are cut until the line fits.
+// Each column as wide as its texts; where that is too wide, the widest are cut until the line fits. A name that does
+// not take more than a third of it stays whole, since it tells the machine.
 std::string summaryTable(const std::vector<Summary>& summaries, const Setting& setting)
 {
     std::vector<std::vector<std::string>> columns;
@@ -145,7 +146,7 @@ std::string summaryTable(const std::vector<Summary>& summaries, const Setting& s
     }
     const std::size_t room = std::max(setting.columns, NarrowestTerminal);
     for (; total > room + 2; --total)
-        --*std::max_element(widths.begin(), widths.end());
+        --*std::max_element(widths.begin() + (widths.front() > room / 3 ? 0 : 1), widths.end());
     std::string text;
     for (std::size_t row = 0; row <= summaries.size(); ++row) {
         std::string line;

@@ -1,6 +1,7 @@
 #include "tools/vqfleet/Arguments.h"
 
 #include "tools/core/ObjectPath.h"
+#include "tools/formats/Sorting.h"
 #include "tools/program/Options.h"
 
 #include <CLI/CLI.hpp>
@@ -70,6 +71,9 @@ struct Parser
             ->check(CLI::IsMember(formatNames).description(""));
         addFile("--output", result.outputFile, "write to this file, which is replaced when all is written");
         app.add_flag("--redact", result.redact, "hide serial numbers, asset tags, host names and places");
+        app.add_option("--sort", result.sort, "sort the machines by " + listed(sortColumns()))
+            ->type_name("COLUMN")
+            ->check(CLI::IsMember(sortColumns()).description(""));
         app.add_option("--jobs", result.jobs, "machines to ask at a time (32)")
             ->type_name("N")
             ->check(CLI::Range(1, 1000).description(""));
@@ -152,6 +156,10 @@ void requireSense(const Arguments& arguments)
         throw UsageError("invoke calls servers, and saved answers are none: --server or --servers");
     if (arguments.command == Command::Invoke && arguments.redact)
         throw UsageError("--redact hides in answers; invoke has none to hide in");
+    const bool showsMachines = arguments.command == Command::Summary ||
+                               (arguments.command == Command::Show && arguments.request.kind == Request::Instances);
+    if (!arguments.sort.empty() && !showsMachines)
+        throw UsageError("--sort is for summary and show");
     if (comparesFiles && asksServers)
         throw UsageError("compare looks at BEFORE and AFTER, or at BEFORE and the servers: leave one of them out");
     if (!asksServers && arguments.savedFiles.empty() && !comparesFiles)

@@ -32,6 +32,7 @@ struct Arguments
     std::vector<std::string> savedFiles;  ///< --from-json
     std::string outputFile;               ///< --output; empty: standard output
     bool redact = false;                  ///< --redact
+    std::string sort;                     ///< --sort; empty: in the order of the list
     Setting setting;
 
     unsigned jobs = 32;            ///< --jobs

@@ -2,6 +2,7 @@
 
 #include "tools/core/Compare.h"
 #include "tools/core/Redact.h"
+#include "tools/formats/Sorting.h"
 #include "tools/knowledge/Methods.h"
 #include "tools/program/Failures.h"
 #include "tools/program/InputFile.h"
@@ -116,6 +117,8 @@ Outcome show(const Arguments& arguments)
     const MachinesWriter write = arguments.command == Command::Summary      ? format.summary
                                  : arguments.request.kind == Request::Names ? format.names
                                                                             : format.machines;
+    if (!arguments.sort.empty())
+        sortMachines(answers.machines, arguments.sort);
     if (arguments.redact)
         Redactor().redact(answers.machines);
     Outcome outcome;
