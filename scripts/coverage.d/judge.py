@@ -68,7 +68,8 @@ def main(json_file, list_file):
         print(f"{name:10} lines {run} of {lines}, branches {taken} of {branches}")
     problems += [f"{list_file}: names what is run, or not there: {file}: {source}"
                  for file, source in allowed if (file, source) not in used]
-    print("\n".join(problems))
+    for problem in problems:
+        print(problem)
     print(f"{len(used)} places that are not run are accepted, {len(problems)} problems")
     return 1 if problems else 0
 

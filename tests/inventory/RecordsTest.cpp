@@ -52,3 +52,14 @@ TEST(Records, AreEmptyByDefault)
                 &Port::getInternalReferenceDesignator, &Port::getType, &Port::getConnectors);
     expectEmpty(&Slot::getDesignation);
 }
+
+TEST(Records, OfFirmwareAreAssignedWhole)
+{
+    VQ::Firmware firmware;
+    firmware.setName("Diagnostics");
+    firmware.setVersion("1.05");
+    VQ::Firmware assigned;
+    assigned = firmware;
+    EXPECT_EQ(assigned.getName(), "Diagnostics");
+    EXPECT_EQ(assigned.getVersion(), "1.05");
+}

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace VQ;
@@ -510,6 +511,44 @@ TEST_F(Memory, NoEntryPointIsNothing)
 TEST_F(Memory, MissingDeviceIsNothing)
 {
     expectNothing();
+}
+
+TEST_F(Memory, DeviceWithoutADriverIsNothingAndAnyOtherFailureAnError)
+{
+    Platform platform;
+    for (const int error : {ENXIO, ENODEV}) {
+        platform.openError = error;
+        expectNothing();
+    }
+    platform.openError = EIO;
+    EXPECT_EQ(errorText(), "cannot open " + hostPaths.memoryDevice + ": Input/output error");
+}
+
+TEST_F(Places, FileThatCannotBeLookedAtIsRefused)
+{
+    write(hostPaths.memoryDevice, Bytes(10));
+    const File file(hostPaths.memoryDevice, "advice");
+    Platform platform;
+    platform.fstatError = EIO;
+    EXPECT_EQ(file.size(), 0u);
+    try {
+        file.requireRegular(100);
+        FAIL() << "it was accepted";
+    } catch (const SmBiosError& error) {
+        EXPECT_EQ(error.what(), "cannot look at " + hostPaths.memoryDevice + ": Input/output error");
+    }
+}
+
+TEST_F(Places, PipeHasNoPlaceToReadFrom)
+{
+    ASSERT_EQ(mkfifo(hostPaths.memoryDevice.c_str(), 0600), 0);
+    File file(hostPaths.memoryDevice, "advice");
+    try {
+        file.seek(4);
+        FAIL() << "it was sought in";
+    } catch (const SmBiosError& error) {
+        EXPECT_EQ(error.what(), "cannot read " + hostPaths.memoryDevice + ": Illegal seek");
+    }
 }
 
 TEST_F(Memory, UnreadableDeviceIsAnErrorThatTellsWhatHelps)

@@ -60,6 +60,10 @@ int open(const char* path, int flags, ...)
             errno = EINTR;
             return -1;
         }
+        if (asked->openError) {
+            errno = asked->openError;
+            return -1;
+        }
     }
     static const auto real = next<int (*)(const char*, int, ...)>("open64");
     return real(path, flags, mode);
@@ -97,6 +101,10 @@ ssize_t pread(int descriptor, void* buffer, size_t size, off_t offset)
 int fstat(int descriptor, struct stat* status) noexcept
 {
     static const auto real = next<int (*)(int, struct stat*)>("fstat64");
+    if (asked && asked->fstatError) {
+        errno = asked->fstatError;
+        return -1;
+    }
     const int result = real(descriptor, status);
     if (asked && asked->claimedSize > 0)
         status->st_size = static_cast<off_t>(asked->claimedSize);

@@ -22,6 +22,8 @@ public:
     std::size_t preadErrorFrom = 0;                           ///< but from this offset on only
     int mmapError = 0;                                        ///< errno of every `mmap`
     int interruptedOpens = 0;                                 ///< so many calls of `open` fail with EINTR
+    int openError = 0;                                        ///< errno of every `open`
+    int fstatError = 0;                                       ///< errno of every `fstat`
     std::uint64_t claimedSize = 0;                            ///< what `fstat` says, where it is not 0
 
     std::size_t largestRead = 0;     ///< the most that a `read` asked for, in bytes
