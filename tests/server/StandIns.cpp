@@ -3,8 +3,8 @@
 //
 //   VQ_TEST_DUMP    the dump file
 //   VQ_TEST_CALLS   the file for the calls, a line each
-//   VQ_TEST_LATER   where this file exists, the server's clock is a thousand seconds ahead: what has not been used for
-//                   some minutes is then idle at once
+//   VQ_TEST_LATER   where this file exists, the server's clock is ahead by the seconds that it holds, or by a thousand
+//                   where it is empty: what has not been used for some minutes is then idle at once
 
 #include "support/smbios/DumpSource.h"
 
@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <fcntl.h>
 #include <string>
 #include <sys/time.h>
 #include <unistd.h>
@@ -32,6 +33,19 @@ __attribute__((constructor)) void serveDump()
 {
     if (const char* const file = std::getenv("VQ_TEST_DUMP"))
         vqServeSmBiosDump(file);
+}
+
+// What the file VQ_TEST_LATER says, and 1000 where it is empty; 0 where it is not there.
+long secondsAhead()
+{
+    const char* const later = std::getenv("VQ_TEST_LATER");
+    const int file = later ? open(later, O_RDONLY | O_CLOEXEC) : -1;
+    if (file < 0)
+        return 0;
+    char text[16] = {};
+    const ssize_t got = read(file, text, sizeof text - 1);
+    close(file);
+    return got > 0 ? std::atol(text) : 1000;
 }
 }
 
@@ -62,8 +76,7 @@ VQ_EXPORT int gettimeofday(struct timeval* time, void*)
 {
     struct timespec now = {};
     clock_gettime(CLOCK_REALTIME, &now);
-    const char* const later = std::getenv("VQ_TEST_LATER");
-    time->tv_sec = now.tv_sec + (later != nullptr && access(later, F_OK) == 0 ? 1000 : 0);
+    time->tv_sec = now.tv_sec + secondsAhead();
     time->tv_usec = static_cast<suseconds_t>(now.tv_nsec / 1000);
     return 0;
 }
