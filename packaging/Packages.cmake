@@ -1,6 +1,6 @@
 # Packages of the build (VQ_PACKAGES): `cpack -G DEB` and `cpack -G RPM` in the build directory, each the package itself,
-# one of what programs of others are made with, the Python module, and one for each optional library. The paths of the
-# package are those that the build was configured with (CMAKE_INSTALL_PREFIX, VQ_INSTALL_MODULE_DIR, VQ_INSTALL_SCHEMA_DIR,
+# one of what programs of others are made with, the Python module, one for each optional library, and one of the program
+# that asks other machines. The paths of the package are those that the build was configured with (CMAKE_INSTALL_PREFIX, VQ_INSTALL_MODULE_DIR, VQ_INSTALL_SCHEMA_DIR,
 # VQ_INSTALL_DOC_DIR and GNUInstallDirs' own), because the module and vq-register hold them.
 if(NOT VQ_PACKAGES)
     # Any other would hold a module for /usr/local, or one that is not hardened.
@@ -19,7 +19,7 @@ set(CPACK_PACKAGE_CONTACT "${VQ_PACKAGE_CONTACT}")
 set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_SOURCE_DIR}/LICENSE)
-set(CPACK_COMPONENTS_ALL runtime development python ${VQ_COMPANION_COMPONENTS})
+set(CPACK_COMPONENTS_ALL runtime development python ${VQ_COMPANION_COMPONENTS} ${VQ_FLEET_COMPONENTS})
 # Each system has its Python's directory elsewhere: an RPM of the module is made where that is one of an RPM system.
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_SOURCE_DIR}/Generator.cmake)
 set(CPACK_VQ_PYTHON_DIR ${VQ_INSTALL_PYTHON_DIR})
@@ -63,6 +63,11 @@ set(_xen_summary "Xen guests in the inventory of SystemProvider")
 set(_xen_description "A library that tells whether a system is a domain of the Xen hypervisor. The
 SystemProvider module finds it where it is installed, and then reports a Xen
 guest as such.")
+
+set(_fleet_summary "hardware inventory of many machines, asked over the network")
+set(_fleet_description "vqfleet asks the CIM servers of many machines at once for the inventory that the
+provider module SystemProvider gives, and shows, saves and compares it. It is
+for an administrator's workstation, and needs no CIM server there.")
 
 # What no packaged file may hold: a person who can create such a path on a target would choose what root runs there.
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/CheckFiles.cmake)

@@ -32,6 +32,15 @@ foreach(_component ${VQ_COMPANION_COMPONENTS})
     set(CPACK_DEBIAN_${_name}_DESCRIPTION "${_${_component}_summary}\n${_${_component}_description}")
 endforeach()
 
+# What asks the network: the same program, whichever CIM library the module is built with.
+if(VQ_FLEET_COMPONENTS)
+    set(CPACK_DEBIAN_FLEET_PACKAGE_NAME systemprovider-fleet)
+    set(CPACK_DEBIAN_FLEET_PACKAGE_SECTION admin)
+    set(CPACK_DEBIAN_FLEET_PACKAGE_DEPENDS
+        "libc6 (>= ${_glibc}), libcurl4 (>= 7.85.0), libgcc-s1, libpugixml1v5 (>= 1.4), libstdc++6 (>= ${_gcc})")
+    set(CPACK_DEBIAN_FLEET_DESCRIPTION "${_fleet_summary}\n${_fleet_description}")
+endif()
+
 # Of any width: the library comes with the machine's own package.
 set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-systemprovider)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)

@@ -48,6 +48,15 @@ foreach(_component ${VQ_COMPANION_COMPONENTS})
     set(CPACK_RPM_${_name}_PACKAGE_REQUIRES "(systemprovider or systemprovider-standalone), libc.so.6${_mark}")
 endforeach()
 
+if(VQ_FLEET_COMPONENTS)
+    set(CPACK_RPM_FLEET_PACKAGE_NAME systemprovider-fleet)
+    set(CPACK_RPM_FLEET_PACKAGE_SUMMARY "${_fleet_summary}")
+    set(CPACK_RPM_FLEET_PACKAGE_DESCRIPTION "${_fleet_description}")
+    set(_needed libc.so.6 libcurl.so.4 libgcc_s.so.1 libpugixml.so.1 libstdc++.so.6)
+    list(TRANSFORM _needed APPEND "${_mark}")
+    list(JOIN _needed ", " CPACK_RPM_FLEET_PACKAGE_REQUIRES)
+endif()
+
 # The module's libraries are nobody else's.
 set(CPACK_RPM_SPEC_MORE_DEFINE "%global _build_id_links none
 %global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/(${VQ_INSTALL_MODULE_DIR}/.*|${VQ_INSTALL_PROBE_DIR}/libqorxenprobe[.]so)$

@@ -27,6 +27,7 @@ probe_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_PROBE_DIR@'
 share_doc='@CMAKE_INSTALL_FULL_DATAROOTDIR@/doc'
 schema_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_SCHEMA_DIR@'
 doc_dir='@CMAKE_INSTALL_PREFIX@/@VQ_INSTALL_DOC_DIR@'
+fleet='@VQ_FLEET_COMPONENTS@'
 completion_dir='@CMAKE_INSTALL_FULL_DATADIR@/bash-completion/completions'
 ]])
 
@@ -48,6 +49,7 @@ vq_package_test(deb_installation FIXTURES_REQUIRED deb)
 vq_package_test(development FIXTURES_REQUIRED deb)
 vq_package_test(companions FIXTURES_REQUIRED deb)
 vq_package_test(companions_installation FIXTURES_REQUIRED deb)
+vq_package_test(fleet FIXTURES_REQUIRED deb)
 vq_package_test(python FIXTURES_REQUIRED deb)
 vq_package_test(rpm RESOURCE_LOCK cpack)
 vq_package_test(check_files RESOURCE_LOCK cpack)

@@ -39,6 +39,7 @@ deb=$package_dir/${package}_${version}_$deb_architecture.deb
 development_deb=$package_dir/$package-dev_${version}_$deb_architecture.deb
 ipmi_deb=$package_dir/systemprovider-ipmi_${version}_$deb_architecture.deb
 xen_deb=$package_dir/systemprovider-xen_${version}_$deb_architecture.deb
+fleet_deb=$package_dir/systemprovider-fleet_${version}_$deb_architecture.deb
 python_deb=$package_dir/python3-systemprovider_${version}_all.deb
 
 # The files of a package, sorted.
@@ -120,6 +121,18 @@ $python_dir/systemprovider/py.typed
 ${doc_dir%/*}/python3-systemprovider/LICENSE
 ${doc_dir%/*}/python3-systemprovider/changelog.gz
 ${doc_dir%/*}/python3-systemprovider/copyright
+END
+}
+
+expected_fleet_files()
+{
+    sort <<END
+$bin/vqfleet
+$completion_dir/vqfleet
+$man/man1/vqfleet.1.gz
+$share_doc/systemprovider-fleet/LICENSE
+$share_doc/systemprovider-fleet/changelog.gz
+$share_doc/systemprovider-fleet/copyright
 END
 }
 

@@ -5,5 +5,5 @@ command -v dpkg-deb >/dev/null || skip "dpkg is not installed"
 rm -f "$package_dir"/*.deb
 "$cpack" --config "$binary_dir/CPackConfig.cmake" -G DEB -B "$scratch"
 cp "$scratch"/*.deb "$package_dir"
-check "the packages' names" "$(printf '%s\n' "$deb" "$development_deb" "$ipmi_deb" "$xen_deb" "$python_deb" | sort)" "$(find "$package_dir" -name '*.deb' | sort)"
+check "the packages' names" "$(printf '%s\n' "$deb" "$development_deb" "$ipmi_deb" "$xen_deb" "$python_deb" ${fleet:+"$fleet_deb"} | sort)" "$(find "$package_dir" -name '*.deb' | sort)"
 finish

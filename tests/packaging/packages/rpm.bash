@@ -9,7 +9,8 @@ cp "$scratch"/*.rpm "$package_dir"
 development_rpm=$package_dir/$package-devel-$version-1.$rpm_architecture.rpm
 ipmi_rpm=$package_dir/systemprovider-ipmi-$version-1.$rpm_architecture.rpm
 xen_rpm=$package_dir/systemprovider-xen-$version-1.$rpm_architecture.rpm
-check "the packages' names" "$(printf '%s\n' "$rpm" "$development_rpm" "$ipmi_rpm" "$xen_rpm" | sort)" "$(find "$package_dir" -name '*.rpm' | sort)"
+fleet_rpm=$package_dir/systemprovider-fleet-$version-1.$rpm_architecture.rpm
+check "the packages' names" "$(printf '%s\n' "$rpm" "$development_rpm" "$ipmi_rpm" "$xen_rpm" ${fleet:+"$fleet_rpm"} | sort)" "$(find "$package_dir" -name '*.rpm' | sort)"
 
 query() { rpm -qp "$@" "${of-$rpm}" 2>/dev/null; }
 check "files" "$(expected_files)" "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^[-l][rwx-]* //p' | sort)"
@@ -43,8 +44,18 @@ libc.so.6$mark" "$(query --requires | grep -vE "^(rpmlib|rtld)|GLIBC_" | sort -u
     check "what $library offers" "" "$(query --provides | grep -E '^lib' || true)"
     check "scripts of $library" "(none)(none)" "$(query --qf '%{POSTIN}%{PREUN}')"
 done
+if [ -n "$fleet" ]; then
+    of=$fleet_rpm
+    check "files of fleet" "$(expected_fleet_files)" \
+        "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^-[rwx-]* //p' | sort)"
+    check "directories of fleet" "$share_doc/systemprovider-fleet" \
+        "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^d[rwx-]* //p')"
+    check "what fleet needs" "$(printf "%s$mark\n" libc.so.6 libcurl.so.4 libgcc_s.so.1 libpugixml.so.1 libstdc++.so.6)" \
+        "$(query --requires | grep -vE '^(rpmlib|rtld)|\((GLIBC|GLIBCXX|CXXABI|GCC|CURL)[^)]' | sort -u)"
+    check "scripts of fleet" "(none)(none)" "$(query --qf '%{POSTIN}%{PREUN}')"
+fi
 unset of
-if [ "$pointer_size" = 4 ]; then mark=; else mark='()(64bit)'; fi
+check "nothing for the network" "" "$(query --requires | grep -iE 'curl|ssl|pugixml' || true)"
 check "libraries that are offered to others" "libsystemprovider_load.so.${version%%.*}$mark" "$(query --provides | grep -E '^lib' || true)"
 check "no library of the package is asked of others" "" "$(query --requires | grep -E '^lib(vq|System)' || true)"
 libraries="libc.so.6$mark libgcc_s.so.1$mark libstdc++.so.6$mark"
