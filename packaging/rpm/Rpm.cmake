@@ -57,16 +57,16 @@ if(VQ_FLEET_COMPONENTS)
     list(JOIN _needed ", " CPACK_RPM_FLEET_PACKAGE_REQUIRES)
 endif()
 
-# The module's libraries are nobody else's.
+# The module's libraries are nobody else's. Python runs the fact for Ansible, which brings it where that is used.
 set(CPACK_RPM_SPEC_MORE_DEFINE "%global _build_id_links none
 %global __provides_exclude_from ^${CMAKE_INSTALL_PREFIX}/(${VQ_INSTALL_MODULE_DIR}/.*|${VQ_INSTALL_PROBE_DIR}/libqorxenprobe[.]so)$
-%global __requires_exclude ^lib(vq[a-z]+|SystemProvider)[.]so.*$")
+%global __requires_exclude ^(/usr/bin/python3|lib(vq[a-z]+|SystemProvider)[.]so.*)$")
 # Directories of the system, which other packages own.
 foreach(_dir lib ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_SBINDIR} ${CMAKE_INSTALL_INCLUDEDIR}
         ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_DATAROOTDIR}/doc ${CMAKE_INSTALL_MANDIR}
         ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_MANDIR}/man3 ${CMAKE_INSTALL_MANDIR}/man8
         ${CMAKE_INSTALL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_LIBDIR}/cmake
-        ${CMAKE_INSTALL_DATADIR}/bash-completion ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+        lib/systemd lib/systemd/system ${CMAKE_INSTALL_DATADIR}/bash-completion ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
     list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION ${CMAKE_INSTALL_PREFIX}/${_dir})
 endforeach()
 set(_dir ${VQ_INSTALL_PYTHON_DIR})

@@ -67,6 +67,9 @@ $doc_dir/inventory.schema.json
 $doc_dir/security.md
 $man/man1/vqinventory.1.gz
 $man/man8/vq-register.8.gz
+$ansible_dir/systemprovider.fact
+$unit_dir/systemprovider-metrics.service
+$unit_dir/systemprovider-metrics.timer
 $schema_dir/SystemProvider.mof
 $schema_dir/SystemProviderMethods.mof
 $schema_dir/SystemProviderRegistration.mof

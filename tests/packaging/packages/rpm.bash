@@ -14,7 +14,7 @@ check "the packages' names" "$(printf '%s\n' "$rpm" "$development_rpm" "$ipmi_rp
 
 query() { rpm -qp "$@" "${of-$rpm}" 2>/dev/null; }
 check "files" "$(expected_files)" "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^[-l][rwx-]* //p' | sort)"
-check "directories" "$(printf '%s\n' "$doc_dir" "$module_dir" "$module_dir/from-dump" "$schema_dir" | sort)" \
+check "directories" "$(printf '%s\n' "$ansible_dir" "$doc_dir" "$module_dir" "$module_dir/from-dump" "$schema_dir" | sort)" \
     "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^d[rwx-]* //p' | sort)"
 check "architecture" "$rpm_architecture" "$(query --qf '%{ARCH}')"
 check "licence" MIT "$(query --qf '%{LICENSE}')"
@@ -55,7 +55,8 @@ if [ -n "$fleet" ]; then
     check "scripts of fleet" "(none)(none)" "$(query --qf '%{POSTIN}%{PREUN}')"
 fi
 unset of
-check "nothing for the network" "" "$(query --requires | grep -iE 'curl|ssl|pugixml' || true)"
+check "no Python for a machine without Ansible, and nothing for the network" "" \
+    "$(query --requires | grep -iE 'python|curl|ssl|pugixml' || true)"
 check "libraries that are offered to others" "libsystemprovider_load.so.${version%%.*}$mark" "$(query --provides | grep -E '^lib' || true)"
 check "no library of the package is asked of others" "" "$(query --requires | grep -E '^lib(vq|System)' || true)"
 libraries="libc.so.6$mark libgcc_s.so.1$mark libstdc++.so.6$mark"
