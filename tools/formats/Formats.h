@@ -58,8 +58,8 @@ std::string comparisonAsCsv(const Comparison& comparison, const Setting& setting
 std::string machinesAsPrometheus(const std::vector<Machine>& machines, const Setting& setting);
 std::string summaryAsPrometheus(const std::vector<Machine>& machines, const Setting& setting);
 
-// A page in one file, which needs no script and no network: the summary as pictures, then every class as a table. What
-// changed is a page of its own.
+// A page in one file, which needs no network, and no script: that of several machines lets a reader filter and sort.
+// The summary as pictures, then every class as a table. What changed is a page of its own.
 std::string machinesAsHtml(const std::vector<Machine>& machines, const Setting& setting);
 std::string summaryAsHtml(const std::vector<Machine>& machines, const Setting& setting);
 std::string comparisonAsHtml(const Comparison& comparison, const Setting& setting);

@@ -194,6 +194,7 @@ std::string machineHtml(const Machine& machine, const Summary& summary, const st
     data["id"] = id;
     data["name"] = withMeanings ? "At a glance" : printable(machine.name); // the only one's name is that of the page
     data["origin"] = originOf(machine);
+    data["several"] = !withMeanings;
     data["problems"] = problemsOf(summary);
     data["cards"] = cardsOf(summary);
     data["pictures"] = picturesOf(summary);
@@ -261,6 +262,7 @@ struct FleetColumn
 {
     const char* title;
     std::string (*text)(const Summary& summary);
+    std::string (*key)(const Summary& summary) = nullptr; ///< what it is sorted by; null: its text
 };
 
 const FirmwareSummary& biosOf(const Summary& summary)
@@ -275,19 +277,33 @@ constexpr FleetColumn FleetColumns[] = {
     {"BIOS", [](const Summary& summary) { return biosOf(summary).version; }},
     {"BIOS date", [](const Summary& summary) { return biosOf(summary).date; }},
     {"System", [](const Summary& summary) { return summary.operatingSystem; }},
-    {"Memory", [](const Summary& summary) { return summary.memory ? sizeText(*summary.memory) : ""; }},
+    {"Memory", [](const Summary& summary) { return summary.memory ? sizeText(*summary.memory) : ""; },
+     [](const Summary& summary) { return summary.memory ? std::to_string(*summary.memory) : ""; }},
+    {"Problem", // its code: the machine's own part of the page has the rest
+     [](const Summary& summary) {
+         return summary.failures.empty() ? "" : summary.failures.front().substr(0, summary.failures.front().find(':'));
+     }},
 };
+
+Data cellData(const FleetColumn& column, const Summary& summary)
+{
+    const std::string key = column.key ? column.key(summary) : "";
+    Data cell;
+    cell["text"] = printable(column.text(summary));
+    cell["key"] = setIf(!key.empty(), key);
+    return cell;
+}
 
 // Without the columns that tell nothing of any machine.
 Data fleetData(const std::vector<Summary>& summaries)
 {
     std::vector<std::string> titles = {"Name"};
-    std::vector<std::vector<std::string>> lines(summaries.size());
+    std::vector<Data> lines(summaries.size(), Data(Data::type::list));
     for (const FleetColumn& column : FleetColumns) {
         const bool told = std::any_of(summaries.begin(), summaries.end(),
                                       [&column](const Summary& summary) { return !column.text(summary).empty(); });
         for (std::size_t i = 0; told && i < summaries.size(); ++i)
-            lines[i].push_back(printable(column.text(summaries[i])));
+            lines[i] << cellData(column, summaries[i]);
         if (told)
             titles.emplace_back(column.title);
     }
@@ -297,11 +313,13 @@ Data fleetData(const std::vector<Summary>& summaries)
         Data row;
         row["id"] = "m" + std::to_string(i + 1);
         row["name"] = printable(summaries[i].name);
-        row["cells"] = listOf(lines[i]);
+        row["cells"] = std::move(lines[i]);
         rows << row;
     }
     fleet["count"] = std::to_string(summaries.size());
     fleet["columns"] = listOf(titles);
+    fleet["script"] = FleetJs;
+    fleet["scriptHash"] = VQ_SCRIPT_HASH;
     fleet["rows"] = std::move(rows);
     return fleet;
 }
