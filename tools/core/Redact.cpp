@@ -93,6 +93,20 @@ void redactMachine(Machine& machine, const std::map<std::string, std::string>& s
     }
 }
 
+// What a failure tells of a server: https://web1:5989 of https://web1:5989/root/cimv2.
+std::string addressIn(const std::string& place)
+{
+    const std::size_t host = place.find("://");
+    return host == std::string::npos ? "" : place.substr(0, place.find('/', host + 3));
+}
+
+std::string hostIn(const std::string& place)
+{
+    const std::string address = addressIn(place);
+    const std::size_t begin = address.find("://");
+    return begin == std::string::npos ? "" : address.substr(begin + 3, address.rfind(':') - begin - 3);
+}
+
 const std::string* textOf(const Value& value)
 {
     return value.elements.size() == 1 ? std::get_if<std::string>(&value.elements.front()) : nullptr;
@@ -125,6 +139,10 @@ Redactor::Secrets Redactor::secretsOf(const Machine& machine)
     add(machine.name, Host);
     add(machine.askedMachine, Host);
     add(machine.source.place, Place);
+    if (machine.source.kind == Source::Server) {
+        add(addressIn(machine.source.place), Place);
+        add(hostIn(machine.source.place), Host);
+    }
     for (const Answer& answer : machine.answers)
         for (const Instance& instance : answer.instances)
             for (const Property& property : instance.properties)

@@ -1,5 +1,6 @@
 #include "tools/core/Summary.h"
 
+#include "tools/core/Failures.h"
 #include "tools/knowledge/DateTimes.h"
 #include "tools/knowledge/Placeholders.h"
 #include "tools/knowledge/PropertyNotes.h"
@@ -228,10 +229,7 @@ Summary summarize(const Machine& machine)
     addSystem(summary, machine);
     addMissing(summary, machine);
     summary.notes = machine.notes;
-    for (const Answer& answer : machine.answers)
-        if (answer.failure)
-            summary.failures.push_back(answer.className + ": " + answer.failure->code +
-                                       (answer.failure->text.empty() ? "" : ": " + answer.failure->text));
+    summary.failures = failureLines(machine);
     return summary;
 }
 

@@ -107,6 +107,9 @@ Line lineOf(const Summary& summary)
     std::string caches;
     for (const CacheSummary& cache : summary.caches)
         caches += (caches.empty() ? "" : "; ") + cacheText(cache);
+    std::string failures;
+    for (const std::string& failure : summary.failures)
+        failures += (failures.empty() ? "" : "; ") + failure;
     return {plainText(summary.name),
             plainText(summary.maker),
             plainText(summary.product),
@@ -123,7 +126,8 @@ Line lineOf(const Summary& summary)
             connectorCounts(summary, true),
             plainText(summary.operatingSystem),
             plainText(summary.bootTime),
-            plainText(summary.time)};
+            plainText(summary.time),
+            plainText(failures)};
 }
 }
 
@@ -131,7 +135,7 @@ std::string summaryAsCsv(const std::vector<Machine>& machines, const Setting&)
 {
     std::vector<Line> lines = {{"name", "maker", "product", "model", "serial number", "BIOS version", "BIOS date",
                                 "BIOS maker", "SMBIOS version", "boards", "caches", "memory bytes", "slots",
-                                "connectors outside", "operating system", "started", "asked"}};
+                                "connectors outside", "operating system", "started", "asked", "failed"}};
     for (const Machine& machine : machines)
         lines.push_back(lineOf(summarize(machine)));
     return written(lines);
@@ -148,6 +152,8 @@ std::string comparisonAsCsv(const Comparison& comparison, const Setting&)
     for (const MachineComparison& machine : comparison.machines) {
         if (machine.kind == MachineComparison::Added || machine.kind == MachineComparison::Removed)
             lines.push_back({plainText(machine.name), wordOf(machine.kind), "", "", "", "", ""});
+        for (const std::string& className : machine.notCompared)
+            lines.push_back({plainText(machine.name), "not compared", plainText(className), "", "", "", ""});
         for (const Change& change : machine.changes) {
             const Line start = {plainText(machine.name), wordOf(change.kind), change.className,
                                 plainText(change.instance.path)};

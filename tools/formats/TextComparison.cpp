@@ -40,8 +40,10 @@ std::string countText(const Comparison& comparison)
 {
     std::size_t machines[4] = {};
     std::size_t changes[4] = {};
+    std::size_t partly = 0;
     for (const MachineComparison& machine : comparison.machines) {
         ++machines[machine.kind];
+        partly += machine.notCompared.empty() ? 0 : 1;
         for (const Change& change : machine.changes)
             ++changes[change.kind];
     }
@@ -55,6 +57,7 @@ std::string countText(const Comparison& comparison)
     add(machines[MachineComparison::Removed], machineWord(machines[MachineComparison::Removed]) + "removed");
     for (const Change::Kind kind : {Change::Replaced, Change::Changed, Change::Added, Change::Removed})
         add(changes[kind], wordOf(kind));
+    add(partly, machineWord(partly) + "not wholly compared");
     return text.empty() ? "no difference" : text;
 }
 
@@ -86,9 +89,10 @@ std::string machineText(const MachineComparison& machine)
         word.resize(sizeof "replaced ", ' ');
         text += "    " + word + printable(keyText(change.instance)) + "\n" + propertiesText(change);
     }
+    std::string left;
     for (const std::string& name : machine.notCompared)
-        text += "  " + printable(name) + ": not compared, because only one of the two has an answer\n";
-    return text;
+        left += (left.empty() ? "" : ", ") + printable(name);
+    return text + (left.empty() ? "" : "  " + left + ": not compared, because only one of the two has an answer\n");
 }
 }
 
