@@ -5,6 +5,7 @@
 #include "tests/testing/TableBuilder.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace
@@ -131,8 +132,8 @@ TEST(LoadCalls, OfADumpAreRefusedWhileTheMachineIsOpen)
 
 TEST(LoadCalls, FindFilesWhereTheProgramStandsAndLeaveItThere)
 {
-    const Outcome outcome = runCalls("cd " + Samples + " && ",
-                                     "../" + ModuleFile.substr(std::string(VQ_SOURCE_DIR).size() + 1) + " server.bin");
+    const std::string module = std::filesystem::relative(ModuleFile, Samples);
+    const Outcome outcome = runCalls("cd " + Samples + " && ", module + " server.bin");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.output;
     EXPECT_EQ(outcome.output.find("working directory"), std::string::npos) << outcome.output;
 }
