@@ -17,19 +17,30 @@ namespace VQ::Load
 
 namespace
 {
-// Texts and not exceptions leave the work: what threw may be unloaded before its exception would be destroyed.
-std::string failureOf(const std::function<void()>& work)
+// What the work threw. The exception itself does not leave it: what threw may be unloaded before it would be destroyed.
+struct Trouble
 {
+    bool outOfMemory = false;
+    std::string text; // empty: none
+};
+
+Trouble troubleOf(const std::function<void()>& work) noexcept
+{
+    Trouble trouble;
     try {
-        work();
-        return {};
-    } catch (const std::bad_alloc&) {
-        return "not enough memory";
-    } catch (const std::exception& error) {
-        return *error.what() ? error.what() : "an exception without a text";
-    } catch (...) {
-        return "an exception of an unknown kind";
+        try {
+            work();
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception& error) {
+            trouble.text = *error.what() ? error.what() : "an exception without a text";
+        } catch (...) {
+            trouble.text = "an exception of an unknown kind";
+        }
+    } catch (const std::bad_alloc&) { // perhaps only of the text
+        trouble.outOfMemory = true;
     }
+    return trouble;
 }
 
 void enterRoot()
@@ -64,7 +75,7 @@ private:
 void inRoot(const std::function<void()>& work)
 {
     bool apart = false;
-    std::string failure;
+    Trouble trouble;
     const auto workInRoot = [&work] {
         enterRoot();
         work();
@@ -73,17 +84,19 @@ void inRoot(const std::function<void()>& work)
         std::thread([&] {
             apart = unshare(CLONE_FS) == 0;
             if (apart)
-                failure = failureOf(workInRoot);
+                trouble = troubleOf(workInRoot);
         }).join();
     } catch (const std::system_error& error) {
         throw Failure(std::string("cannot start a thread: ") + error.what());
     }
     if (!apart) {
         const ProcessInRoot process;
-        failure = failureOf(workInRoot);
+        trouble = troubleOf(workInRoot);
     }
-    if (!failure.empty())
-        throw Failure(failure);
+    if (trouble.outOfMemory)
+        throw std::bad_alloc();
+    if (!trouble.text.empty())
+        throw Failure(trouble.text);
 }
 
 }

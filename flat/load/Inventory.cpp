@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <langinfo.h>
 #include <limits>
 #include <new>
 #include <stdexcept>
@@ -18,7 +17,6 @@ namespace VQ::Load
 
 namespace
 {
-constexpr std::size_t LongestLanguages = 8 + 254 * 9; // beside the texts themselves
 constexpr std::size_t LongestDate = 32;
 
 std::size_t lengthOf(const char* variable)
@@ -27,12 +25,11 @@ std::size_t lengthOf(const char* variable)
     return value ? std::strlen(value) : 0;
 }
 
-// Room for each text and list of the table, and for the texts of the environment and of libc.
+// Room for each text and list of the table, and for the texts of the environment.
 std::size_t sizeFor(const Bounds& bounds)
 {
-    const std::uint64_t text =
-        bounds.text + lengthOf("LANG") + lengthOf("LC_CTYPE") + std::strlen(nl_langinfo(CODESET));
-    const std::uint64_t size = std::max(text + LongestLanguages, bounds.options);
+    const std::uint64_t text = bounds.text + lengthOf("LANG") + lengthOf("LC_CTYPE");
+    const std::uint64_t size = std::max(text, bounds.options);
     if (size > std::numeric_limits<std::size_t>::max())
         throw std::bad_alloc();
     return static_cast<std::size_t>(size);

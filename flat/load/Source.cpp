@@ -23,7 +23,9 @@ namespace
 constexpr std::uint64_t HeadSize = 8;  // of a packed list
 constexpr std::uint64_t FrameSize = 9; // of a packed text: head and terminator
 
-// Enough for every text that is not of the table: the host's name, dates, and what an optional library tells.
+// Enough for every text that is neither of the table nor of the environment (the host's name, dates, a character set of
+// the C library, what an optional library tells), and for what a list of 254 languages has beside its texts, 2294
+// bytes.
 constexpr std::uint64_t FixedTexts = 4096;
 
 std::string systemError(const std::string& what)

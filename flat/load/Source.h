@@ -32,7 +32,7 @@ private:
 /// Upper bounds of what the accessors write, in bytes.
 struct Bounds
 {
-    std::uint64_t text = 0;    ///< one text
+    std::uint64_t text = 0;    ///< one text that is not of the environment, or the packed list of languages
     std::uint64_t options = 0; ///< the packed list of configuration options
 };
 

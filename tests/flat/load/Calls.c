@@ -19,10 +19,25 @@ static const char* state(const void* pointer)
 
 static void callWithNothing(void)
 {
-    printf("of nothing: %s %s %s %s %s\n", state(systemProviderRead(NULL)), state(systemProviderFunctions(NULL)),
-           state(systemProviderBios(NULL)), state(systemProviderConfigurationOptions(NULL)),
-           state(systemProviderSlot(NULL, 0)));
-    printf("counts of nothing: %u\n", (unsigned)(systemProviderSlotCount(NULL) + systemProviderCacheCount(NULL)));
+    const void* const records[12] = {systemProviderRead(NULL),
+                                     systemProviderFunctions(NULL),
+                                     systemProviderComputerSystem(NULL),
+                                     systemProviderOperatingSystem(NULL),
+                                     systemProviderBios(NULL),
+                                     systemProviderChassis(NULL),
+                                     systemProviderConfigurationOptions(NULL),
+                                     systemProviderFirmware(NULL, 0),
+                                     systemProviderBaseBoard(NULL, 0),
+                                     systemProviderCache(NULL, 0),
+                                     systemProviderPort(NULL, 0),
+                                     systemProviderSlot(NULL, 0)};
+    size_t i;
+    printf("of nothing:");
+    for (i = 0; i < sizeof records / sizeof *records; ++i)
+        printf(" %s", state(records[i]));
+    printf("\ncounts of nothing: %u %u %u %u %u\n", (unsigned)systemProviderFirmwareCount(NULL),
+           (unsigned)systemProviderBaseBoardCount(NULL), (unsigned)systemProviderCacheCount(NULL),
+           (unsigned)systemProviderPortCount(NULL), (unsigned)systemProviderSlotCount(NULL));
     systemProviderClose(NULL);
     systemProviderFree(NULL);
 }

@@ -35,8 +35,8 @@ Outcome runExampleOver(const TableBuilder& table)
     return outcome;
 }
 
-const std::string CallsOfNothing =
-    "of nothing: null null null null null\ncounts of nothing: 0\nerror before any: \"\"\n";
+const std::string CallsOfNothing = "of nothing: null null null null null null null null null null null null\n"
+                                   "counts of nothing: 0 0 0 0 0\nerror before any: \"\"\n";
 const std::string BeyondTheEnd = "beyond the end: null null null null null\n";
 }
 

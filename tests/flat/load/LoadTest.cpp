@@ -1,10 +1,11 @@
 // systemprovider_load.h as a C++ program uses it. The dumps are read by the reader that this program holds as well, so
-// the machine is read by the C programs only (LoadProgramTest.cpp).
+// the machine is read by the C programs only (LoadProgramTest.cpp). The memory is guarded: a text or list that is
+// longer than the room made for it ends the program.
 
 #include "flat/systemprovider_load.h"
 #include "flat/systemprovider_packed.h"
+#include "tests/flat/load/GuardedMemory.h"
 #include "tests/testing/FullTable.h"
-#include "tests/testing/LargeTables.h"
 #include "tests/testing/ServedTable.h"
 
 #include <cstdio>
@@ -86,14 +87,6 @@ std::vector<unsigned char> moduleWith(const std::string& text, const std::string
     return {bytes.begin(), bytes.end()};
 }
 
-// What a plain accessor writes.
-template <class Result, class... Index> std::string plain(Result (*get)(char*, Index...), Index... index)
-{
-    char buffer[4096];
-    get(buffer, index...);
-    return buffer;
-}
-
 std::vector<std::string> textsOf(const SystemProviderTexts& texts)
 {
     return {texts.values, texts.values + texts.count};
@@ -113,99 +106,15 @@ TableBuilder slots(std::initializer_list<const char*> designations)
 }
 }
 
-TEST(Load, GivesEveryTextOfTheTableAsThePlainFunctionsDo)
+TEST(Load, PlainFunctionsReadTheDumpWithoutAnInventory)
 {
-    const TemporaryFile dump(fullTable());
+    const TemporaryFile old(slots({"old"}));
+    const Inventory inventory = read(open(old.path()));
+    const TemporaryFile dump(slots({"one", "two"}));
     const Module module = open(dump.path());
     ASSERT_NE(module, nullptr) << systemProviderError();
-    const Inventory inventory = read(module);
-    ASSERT_NE(inventory, nullptr) << systemProviderError();
-    const SystemProviderFunctions& get = *systemProviderFunctions(module.get());
-
-    const SystemProviderComputerSystem& computer = *systemProviderComputerSystem(inventory.get());
-    EXPECT_EQ(computer.name, plain(get.getCSName));
-    EXPECT_EQ(computer.model, plain(get.getCSModel));
-    EXPECT_EQ(computer.description, plain(get.getCSDescription));
-    EXPECT_STREQ(computer.ownerName, "");
-    EXPECT_STREQ(computer.ownerContact, "");
-
-    const SystemProviderBios& bios = *systemProviderBios(inventory.get());
-    EXPECT_EQ(bios.manufacturer, plain(get.getBiosManufacturer));
-    EXPECT_EQ(bios.version, plain(get.getBiosVersion));
-    EXPECT_EQ(bios.buildNumber, plain(get.getBiosBuildNumber));
-    EXPECT_EQ(bios.serialNumber, plain(get.getBiosSerialNumber));
-    EXPECT_EQ(bios.currentLanguage, plain(get.getBiosCurrentLanguage));
-    EXPECT_EQ(bios.releaseDate, plain(get.getBiosReleaseDate));
-    EXPECT_EQ(bios.smBiosVersion, plain(get.getBiosSmBiosVersion));
-    EXPECT_EQ(bios.smBiosMajorVersion, get.getBiosSmBiosMajorVersion());
-    EXPECT_EQ(bios.smBiosMinorVersion, get.getBiosSmBiosMinorVersion());
-    EXPECT_EQ(bios.loadedStartingAddress, get.getBiosLoadedStartingAddress());
-    EXPECT_EQ(bios.loadedEndingAddress, get.getBiosLoadedEndingAddress());
-
-    const SystemProviderChassis& chassis = *systemProviderChassis(inventory.get());
-    EXPECT_EQ(chassis.manufacturer, plain(get.getChassisManufacturer));
-    EXPECT_EQ(chassis.version, plain(get.getChassisVersion));
-    EXPECT_EQ(chassis.serialNumber, plain(get.getChassisSerialNumber));
-    EXPECT_EQ(chassis.assetTag, plain(get.getChassisAssetTag));
-
-    ASSERT_EQ(systemProviderFirmwareCount(inventory.get()), static_cast<size_t>(get.getFirmwareCount()));
-    ASSERT_EQ(systemProviderBaseBoardCount(inventory.get()), static_cast<size_t>(get.getBBCount()));
-    ASSERT_EQ(systemProviderCacheCount(inventory.get()), static_cast<size_t>(get.getCacheCount()));
-    ASSERT_EQ(systemProviderPortCount(inventory.get()), static_cast<size_t>(get.getPortCount()));
-    ASSERT_EQ(systemProviderSlotCount(inventory.get()), static_cast<size_t>(get.getSlotCount()));
-    ASSERT_GT(get.getFirmwareCount(), 0);
-    ASSERT_GT(get.getBBCount(), 0);
-    for (unsigned int i = 0; const SystemProviderFirmware* firmware = systemProviderFirmware(inventory.get(), i); ++i) {
-        EXPECT_EQ(firmware->name, plain(get.getFirmwareName, i));
-        EXPECT_EQ(firmware->version, plain(get.getFirmwareVersion, i));
-        EXPECT_EQ(firmware->manufacturer, plain(get.getFirmwareManufacturer, i));
-        EXPECT_EQ(firmware->serialNumber, plain(get.getFirmwareSerialNumber, i));
-        EXPECT_EQ(firmware->buildNumber, plain(get.getFirmwareBuildNumber, i));
-        EXPECT_EQ(firmware->releaseDate, plain(get.getFirmwareReleaseDate, i));
-    }
-    for (unsigned int i = 0; const SystemProviderBaseBoard* board = systemProviderBaseBoard(inventory.get(), i); ++i) {
-        EXPECT_EQ(board->manufacturer, plain(get.getBBManufacturer, i));
-        EXPECT_EQ(board->product, plain(get.getBBProduct, i));
-        EXPECT_EQ(board->version, plain(get.getBBVersion, i));
-        EXPECT_EQ(board->serialNumber, plain(get.getBBSerialNumber, i));
-        EXPECT_EQ(board->assetTag, plain(get.getBBAssetTag, i));
-        EXPECT_EQ(board->location, plain(get.getBBLocation, i));
-    }
-    for (unsigned int i = 0; const SystemProviderPort* port = systemProviderPort(inventory.get(), i); ++i) {
-        EXPECT_STREQ(port->name, "");
-        EXPECT_STREQ(port->model, "");
-        EXPECT_STREQ(port->manufacturer, "");
-        EXPECT_EQ(port->internalReferenceDesignator, plain(get.getPortInternalReferenceDesignator, i));
-        EXPECT_EQ(port->externalReferenceDesignator, plain(get.getPortExternalReferenceDesignator, i));
-        EXPECT_EQ(port->type, get.getPortType(i));
-    }
-    for (unsigned int i = 0; const SystemProviderSlot* slot = systemProviderSlot(inventory.get(), i); ++i)
-        EXPECT_EQ(slot->designation, plain(get.getSlotDesignation, i));
-}
-
-TEST(Load, GivesTheFactsOfACache)
-{
-    TableBuilder table;
-    table.type(7).string(0x04, "L2").word(0x05, 0x0281).word(0x07, 0x8002).word(0x09, 0x8001);
-    table.byte(0x0F, 7).byte(0x10, 5).byte(0x11, 4).byte(0x12, 8);
-    const Inventory inventory = inventoryOf(table.type(127));
-    const SystemProviderCache* cache = systemProviderCache(inventory.get(), 0);
-    ASSERT_NE(cache, nullptr);
-    EXPECT_STREQ(cache->designation, "L2");
-    EXPECT_STREQ(cache->purpose, "L2");
-    EXPECT_EQ(cache->associativity, 8);
-    EXPECT_EQ(cache->writePolicy, 5);
-    EXPECT_EQ(cache->type, 4);
-    EXPECT_EQ(cache->location, 0);
-    EXPECT_EQ(cache->level, 4);
-    EXPECT_EQ(cache->errorCorrectionType, 5);
-    EXPECT_EQ(cache->speed, 7u);
-    EXPECT_EQ(cache->size, 64u);
-    EXPECT_EQ(cache->maximumSize, 128u);
-    EXPECT_EQ(cache->installedSize, 64u);
-    EXPECT_EQ(cache->numberOfBlocks, 1u);
-    EXPECT_EQ(numbersOf(cache->supportedSramType), std::vector<int>());
-    EXPECT_EQ(numbersOf(cache->currentSramType), std::vector<int>());
+    systemProviderFunctions(module.get())->init();
+    EXPECT_EQ(systemProviderFunctions(module.get())->getSlotCount(), 2);
 }
 
 TEST(Load, GivesListsAsArrays)
@@ -243,6 +152,14 @@ TEST(Load, TellsTheRunningSystem)
     EXPECT_LT(std::string(os.installDate), os.lastBootUpTime);
 }
 
+TEST(Load, TakesALanguageOfTheEnvironmentOfAnyLength)
+{
+    setenv("LC_CTYPE", ("de_" + std::string(100000, 'X')).c_str(), 1);
+    const Inventory inventory = inventoryOf(TableBuilder().type(127));
+    unsetenv("LC_CTYPE");
+    EXPECT_EQ(systemProviderOperatingSystem(inventory.get())->languageEdition, "de-" + std::string(100000, 'X'));
+}
+
 TEST(Load, WritesNothingToStandardOutput)
 {
     testing::internal::CaptureStdout();
@@ -272,12 +189,44 @@ TEST(Load, TakesATextOf60Kilobytes)
     EXPECT_EQ(textsOf(*systemProviderConfigurationOptions(inventory.get())), std::vector<std::string>{text});
 }
 
-TEST(Load, Takes65535Structures)
+// Counts and indexes have more than 16 bits, those of a list in a record too.
+TEST(Load, TakesMoreThan65536RecordsOfAKind)
 {
-    const Inventory inventory = inventoryOf(tableOf(growingClass("QORTAL_Slot"), 65535));
-    ASSERT_GE(systemProviderSlotCount(inventory.get()), 65534u);
-    EXPECT_STRNE(systemProviderSlot(inventory.get(), 65533)->designation, "");
-    EXPECT_EQ(systemProviderSlot(inventory.get(), 65535), nullptr);
+    TableBuilder table;
+    table.form64();
+    for (unsigned i = 0; i <= 65536; ++i)
+        table.type(8).byte(0x05, static_cast<unsigned char>(i >> 16)).byte(0x07, 9);
+    const Inventory inventory = inventoryOf(table.type(127));
+    ASSERT_EQ(systemProviderPortCount(inventory.get()), 65537u);
+    EXPECT_EQ(numbersOf(systemProviderPort(inventory.get(), 0)->connectors), (std::vector<int>{0, 9}));
+    EXPECT_EQ(numbersOf(systemProviderPort(inventory.get(), 65536)->connectors), (std::vector<int>{1, 9}));
+    EXPECT_EQ(systemProviderPort(inventory.get(), 65537), nullptr);
+}
+
+TEST(Load, TakesMoreThan65536ConfigurationOptions)
+{
+    TableBuilder table;
+    table.form64();
+    for (unsigned i = 0; i < 260; ++i)
+        table.type(12).byte(0x04, 254);
+    table.type(12).byte(0x04, 1).string("the last");
+    const Inventory inventory = inventoryOf(table.type(127));
+    const SystemProviderTexts& options = *systemProviderConfigurationOptions(inventory.get());
+    ASSERT_EQ(options.count, 260u * 254 + 1);
+    EXPECT_STREQ(options.values[0], "");
+    EXPECT_STREQ(options.values[260 * 254], "the last");
+}
+
+TEST(Load, Takes254Languages)
+{
+    TableBuilder table;
+    table.type(13).byte(0x04, 254);
+    for (unsigned i = 0; i < 254; ++i)
+        table.string(std::string(100, static_cast<char>('a' + i % 26)));
+    const Inventory inventory = inventoryOf(table.form64().type(127));
+    const SystemProviderTexts& languages = systemProviderBios(inventory.get())->languages;
+    ASSERT_EQ(languages.count, 254u);
+    EXPECT_EQ(languages.values[253], std::string(100, 'a' + 253 % 26));
 }
 
 TEST(Load, AnInventoryStaysAsItWasWhateverIsReadAfterIt)
@@ -335,6 +284,32 @@ TEST(Load, ThreadsReadAtOnce)
         thread.join();
 }
 
+// Every allocation of opening and reading fails, the first one alone and from it on; until none is left to fail.
+TEST(LoadFailure, OfMemoryIsToldAndLeavesEverythingUseful)
+{
+    if (!GuardsMemory)
+        GTEST_SKIP() << "the address sanitizer has an own allocation";
+    const TemporaryFile dump(slots({"a slot with a text that has to be allocated"}));
+    for (const bool lasting : {false, true}) {
+        unsigned failures = 0;
+        for (std::size_t first = 1;; ++first) {
+            failAllocation(first, lasting);
+            const Module module = open(dump.path());
+            const Inventory inventory = module ? read(module) : Inventory(nullptr, systemProviderFree);
+            if (!failAllocation(0)) {
+                ASSERT_NE(inventory, nullptr) << systemProviderError();
+                break;
+            }
+            if (inventory)
+                continue; // what failed has an answer without memory
+            ++failures;
+            ASSERT_STREQ(systemProviderError(), "not enough memory") << first;
+        }
+        EXPECT_GT(failures, 20u);
+    }
+    EXPECT_NE(failureToOpen("/nonexistent").find("/nonexistent"), std::string::npos);
+}
+
 TEST(LoadFailure, OfADamagedTableHasTheReadersText)
 {
     const TemporaryFile dump(std::vector<unsigned char>(64, 0x41));
@@ -364,6 +339,7 @@ TEST(LoadFailure, OfAFactoryIsCaughtThoughItLeavesInit)
                    0),
         0u)
         << text;
+    EXPECT_NE(text.find("): update the firmware of the machine"), std::string::npos) << text;
 }
 
 TEST(LoadFailure, OfATableThatTheModuleWouldCountWithoutEnd)
@@ -419,11 +395,13 @@ TEST(LoadFailure, OfAModuleOfTheOtherWidthSaysWhichIsNeeded)
 
 TEST(LoadFailure, OfAModuleWithoutItsLibrariesNamesThem)
 {
+    const std::string reason = ": cannot open shared object file: No such file or directory";
     const TemporaryFile module(moduleWith("libvqpegasus.so", "libvqnothere.so"));
-    EXPECT_EQ(failureToOpen("", module.path()),
-              "cannot load " + module.path() +
-                  ": libvqnothere.so: cannot open shared object file: No such file or "
-                  "directory");
+    EXPECT_EQ(failureToOpen("", module.path()), "cannot load " + module.path() + ": libvqnothere.so" + reason);
+    const TemporaryFile other(moduleWith("libvqpegasus.so", "libpegabsent.so"));
+    EXPECT_EQ(failureToOpen("", other.path()),
+              "cannot load " + other.path() + ": libpegabsent.so" + reason +
+                  "; the module needs the libraries of OpenPegasus: tell the loader where they are (ldconfig)");
 }
 
 TEST(LoadFailure, OfAModuleThatLacksAFunctionNamesIt)

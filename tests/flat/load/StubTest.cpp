@@ -1,0 +1,282 @@
+// systemprovider_load.h over a module that gives the name of each function: which field has what, and what is refused.
+// By the linker's --wrap: the table of the machine and where the library stands, seen from the objects under test.
+
+#include "flat/systemprovider_load.h"
+#include "support/smbios/HostSource.h"
+#include "support/smbios/SmBios.h"
+#include "tests/flat/load/StubFlat.h"
+
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+const std::string Beside = VQ_BESIDE;
+const std::string Installed = VQ_INSTALLED;
+
+bool tableFails = false;
+bool placeIsUnknown = false;
+
+using Module = std::unique_ptr<SystemProvider, void (*)(SystemProvider*)>;
+using Inventory = std::unique_ptr<SystemProviderInventory, void (*)(SystemProviderInventory*)>;
+
+Module open(const std::string& module)
+{
+    return {systemProviderOpen(module.c_str(), nullptr), systemProviderClose};
+}
+
+Inventory read(const Module& module)
+{
+    return {systemProviderRead(module.get()), systemProviderFree};
+}
+
+// An environment variable that is gone again at the end of the block.
+class Variable
+{
+public:
+    Variable(const char* name, const char* value) : _name(name) { setenv(name, value, 1); }
+    ~Variable() { unsetenv(_name); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    const char* _name;
+};
+
+std::vector<std::string> textsOf(const SystemProviderTexts& texts)
+{
+    return {texts.values, texts.values + texts.count};
+}
+
+std::vector<int> numbersOf(const SystemProviderNumbers& numbers)
+{
+    return {numbers.values, numbers.values + numbers.count};
+}
+
+// The file that the module's functions are in.
+std::string fileOf(const Module& module)
+{
+    Dl_info info = {};
+    const SystemProviderFunctions* functions = systemProviderFunctions(module.get());
+    if (!functions || dladdr(reinterpret_cast<const void*>(functions->init), &info) == 0)
+        return systemProviderError();
+    return std::filesystem::canonical(info.dli_fname);
+}
+}
+
+VQ::RawTables tablesOfTheTest(const VQ::HostPaths& paths) __asm__("__wrap__ZN2VQ14readHostTablesERKNS_9HostPathsE");
+int placeInTheTest(const void* address, Dl_info* info) __asm__("__wrap_dladdr");
+int realPlace(const void* address, Dl_info* info) __asm__("__real_dladdr");
+
+VQ::RawTables tablesOfTheTest(const VQ::HostPaths& paths)
+{
+    if (tableFails)
+        throw VQ::SmBiosError(paths.tablesDirectory + " is damaged");
+    return {};
+}
+
+int placeInTheTest(const void* address, Dl_info* info)
+{
+    return placeIsUnknown ? 0 : realPlace(address, info);
+}
+
+#define SAYS(field, function) EXPECT_STREQ(field, #function)
+#define SAYS_OF(field, function) EXPECT_EQ(field, textOf(#function, i))
+#define HAS(field, function) EXPECT_EQ(field, static_cast<decltype(field)>(numberOf(#function)))
+#define HAS_OF(field, function) EXPECT_EQ(field, static_cast<decltype(field)>(numberOf(#function)) + i)
+#define HAVE_OF(field, function)                                                                                       \
+    EXPECT_EQ(numbersOf(field), (std::vector<int>{numberOf(#function), static_cast<int>(i)}))
+
+class Fields : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_NE(_inventory, nullptr) << systemProviderError(); }
+
+    Variable _zone{"TZ", "XYZ-1:30"}; // of the date of the BIOS, which is made while the module is loaded
+    Inventory _inventory = read(open(Installed));
+};
+
+TEST_F(Fields, OfTheComputerSystem)
+{
+    const SystemProviderComputerSystem& computer = *systemProviderComputerSystem(_inventory.get());
+    SAYS(computer.name, getCSName);
+    SAYS(computer.model, getCSModel);
+    SAYS(computer.description, getCSDescription);
+    SAYS(computer.ownerName, getCSOwnerName);
+    SAYS(computer.ownerContact, getCSOwnerContact);
+}
+
+TEST_F(Fields, OfTheOperatingSystem)
+{
+    const SystemProviderOperatingSystem& os = *systemProviderOperatingSystem(_inventory.get());
+    SAYS(os.name, getOSName);
+    SAYS(os.version, getOSVersion);
+    SAYS(os.codeSet, getOSCodeSet);
+    SAYS(os.languageEdition, getOSLanguageEdition);
+    HAS(os.type, getOSType);
+    HAS(os.distributed, getOSDistributed);
+    HAS(os.currentTimeZone, getOSCurrentTimeZone);
+    HAS(os.maxNumberOfProcesses, getOSMaxNumberOfProcesses);
+    HAS(os.numberOfProcesses, getOSNumberOfProcesses);
+    HAS(os.numberOfUsers, getOSNumberOfUsers);
+    HAS(os.numberOfLicensedUsers, getOSNumberOfLicensedUsers);
+    HAS(os.maxProcessMemorySize, getOSMaxProcessMemorySize);
+    HAS(os.freeSpaceInPagingFiles, getOSFreeSpaceInPagingFiles);
+    HAS(os.sizeStoredInPagingFiles, getOSSizeStoredInPagingFiles);
+    HAS(os.totalVisibleMemorySize, getOSTotalVisibleMemorySize);
+    HAS(os.freePhysicalMemory, getOSFreePhysicalMemory);
+    HAS(os.freeVirtualMemory, getOSFreeVirtualMemory);
+    HAS(os.totalVirtualMemorySize, getOSTotalVirtualMemorySize);
+    HAS(os.totalSwapSpaceSize, getOSTotalSwapSpaceSize);
+    SAYS(os.installDate, getOSInstallDate);
+    SAYS(os.localDateTime, getOSLocalDateTime);
+    SAYS(os.lastBootUpTime, getOSLastBootUpTime);
+}
+
+TEST_F(Fields, OfTheBios)
+{
+    const SystemProviderBios& bios = *systemProviderBios(_inventory.get());
+    SAYS(bios.manufacturer, getBiosManufacturer);
+    SAYS(bios.version, getBiosVersion);
+    SAYS(bios.buildNumber, getBiosBuildNumber);
+    SAYS(bios.serialNumber, getBiosSerialNumber);
+    SAYS(bios.currentLanguage, getBiosCurrentLanguage);
+    EXPECT_EQ(textsOf(bios.languages), (std::vector<std::string>{"getBiosLanguages", "twice"}));
+    EXPECT_STREQ(bios.releaseDate, "20090214063607.000000+090"); // of the record
+    HAS(bios.smBiosMajorVersion, getBiosSmBiosMajorVersion);
+    HAS(bios.smBiosMinorVersion, getBiosSmBiosMinorVersion);
+    SAYS(bios.smBiosVersion, getBiosSmBiosVersion);
+    HAS(bios.loadedStartingAddress, getBiosLoadedStartingAddress);
+    HAS(bios.loadedEndingAddress, getBiosLoadedEndingAddress);
+}
+
+TEST_F(Fields, OfChassisAndOptions)
+{
+    const SystemProviderChassis& chassis = *systemProviderChassis(_inventory.get());
+    SAYS(chassis.manufacturer, getChassisManufacturer);
+    SAYS(chassis.version, getChassisVersion);
+    SAYS(chassis.serialNumber, getChassisSerialNumber);
+    SAYS(chassis.assetTag, getChassisAssetTag);
+    EXPECT_EQ(textsOf(*systemProviderConfigurationOptions(_inventory.get())),
+              std::vector<std::string>{"getBBConfigurationOptions"});
+}
+
+TEST_F(Fields, OfFirmware)
+{
+    ASSERT_EQ(systemProviderFirmwareCount(_inventory.get()), static_cast<size_t>(StubFirmware));
+    for (unsigned int i = 0; i < StubFirmware; ++i) {
+        const SystemProviderFirmware& firmware = *systemProviderFirmware(_inventory.get(), i);
+        SAYS_OF(firmware.name, getFirmwareName);
+        SAYS_OF(firmware.version, getFirmwareVersion);
+        SAYS_OF(firmware.manufacturer, getFirmwareManufacturer);
+        SAYS_OF(firmware.serialNumber, getFirmwareSerialNumber);
+        SAYS_OF(firmware.buildNumber, getFirmwareBuildNumber);
+        SAYS_OF(firmware.releaseDate, getFirmwareReleaseDate);
+    }
+}
+
+TEST_F(Fields, OfBaseBoards)
+{
+    ASSERT_EQ(systemProviderBaseBoardCount(_inventory.get()), static_cast<size_t>(StubBaseBoards));
+    for (unsigned int i = 0; i < StubBaseBoards; ++i) {
+        const SystemProviderBaseBoard& board = *systemProviderBaseBoard(_inventory.get(), i);
+        SAYS_OF(board.manufacturer, getBBManufacturer);
+        SAYS_OF(board.product, getBBProduct);
+        SAYS_OF(board.version, getBBVersion);
+        SAYS_OF(board.serialNumber, getBBSerialNumber);
+        SAYS_OF(board.assetTag, getBBAssetTag);
+        SAYS_OF(board.location, getBBLocation);
+    }
+}
+
+TEST_F(Fields, OfCaches)
+{
+    ASSERT_EQ(systemProviderCacheCount(_inventory.get()), static_cast<size_t>(StubCaches));
+    for (int i = 0; i < StubCaches; ++i) {
+        const SystemProviderCache& cache = *systemProviderCache(_inventory.get(), static_cast<size_t>(i));
+        EXPECT_EQ(cache.designation, textOf("getCacheDesignation", static_cast<unsigned>(i)));
+        EXPECT_EQ(cache.purpose, textOf("getCachePurpose", static_cast<unsigned>(i)));
+        HAS_OF(cache.associativity, getCacheAssociativity);
+        HAS_OF(cache.writePolicy, getCacheWritePolicy);
+        HAS_OF(cache.type, getCacheType);
+        HAS_OF(cache.location, getCacheLocation);
+        HAS_OF(cache.level, getCacheLevel);
+        HAS_OF(cache.errorCorrectionType, getCacheErrorCorrectionType);
+        HAS_OF(static_cast<int>(cache.speed), getCacheSpeed);
+        HAS_OF(static_cast<int>(cache.size), getCacheSize);
+        HAS_OF(static_cast<int>(cache.maximumSize), getCacheMaximumSize);
+        HAS_OF(static_cast<int>(cache.installedSize), getCacheInstalledSize);
+        HAS_OF(static_cast<int>(cache.numberOfBlocks), getCacheNumberOfBlocks);
+        HAVE_OF(cache.supportedSramType, getCacheSupportedSramType);
+        HAVE_OF(cache.currentSramType, getCacheCurrentSramType);
+    }
+}
+
+TEST_F(Fields, OfPorts)
+{
+    ASSERT_EQ(systemProviderPortCount(_inventory.get()), static_cast<size_t>(StubPorts));
+    for (unsigned int i = 0; i < StubPorts; ++i) {
+        const SystemProviderPort& port = *systemProviderPort(_inventory.get(), i);
+        SAYS_OF(port.name, getPortName);
+        SAYS_OF(port.model, getPortModel);
+        SAYS_OF(port.manufacturer, getPortManufacturer);
+        SAYS_OF(port.internalReferenceDesignator, getPortInternalReferenceDesignator);
+        SAYS_OF(port.externalReferenceDesignator, getPortExternalReferenceDesignator);
+        EXPECT_EQ(port.type, numberOf("getPortType") + static_cast<int>(i));
+        HAVE_OF(port.connectors, getPortConnectors);
+    }
+}
+
+TEST_F(Fields, OfSlots)
+{
+    ASSERT_EQ(systemProviderSlotCount(_inventory.get()), static_cast<size_t>(StubSlots));
+    for (unsigned int i = 0; i < StubSlots; ++i)
+        SAYS_OF(systemProviderSlot(_inventory.get(), i)->designation, getSlotDesignation);
+}
+
+TEST(StubModule, IsThatOfTheInstallationElseThatBesideTheLibrary)
+{
+    EXPECT_EQ(fileOf(open("")), Installed);
+    std::filesystem::rename(Installed, Installed + ".away");
+    EXPECT_EQ(fileOf(open("")), Beside);
+    std::filesystem::rename(Installed + ".away", Installed);
+    placeIsUnknown = true;
+    EXPECT_EQ(fileOf(open("")), "cannot tell where this library stands: name the module");
+    placeIsUnknown = false;
+}
+
+TEST(StubModule, IsUnloadedWhenClosed)
+{
+    open(Installed);
+    EXPECT_EQ(dlopen(Installed.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
+}
+
+TEST(StubFailure, OfTheMachinesTableIsTold)
+{
+    const Module module = open(Installed);
+    tableFails = true;
+    EXPECT_EQ(read(module), nullptr);
+    tableFails = false;
+    EXPECT_STREQ(systemProviderError(), "/sys/firmware/dmi/tables is damaged");
+}
+
+TEST(StubFailure, OfInitOverTheMachineNamesTheTable)
+{
+    const Variable fails("VQ_STUB_INIT", "out_of_range");
+    EXPECT_EQ(read(open(Installed)), nullptr);
+    EXPECT_STREQ(systemProviderError(),
+                 "the SMBIOS table: an OEM string has a bracketed part of one character, such as -[X]-, at which the "
+                 "module fails (beyond the end): update the firmware of the machine");
+}
+
+TEST(StubFailure, OfAListThatIsNone)
+{
+    const Variable damaged("VQ_STUB_LIST", "damaged");
+    EXPECT_EQ(read(open(Installed)), nullptr);
+    EXPECT_STREQ(systemProviderError(), "the module wrote a list that can't be read: it is no module of this version");
+}
