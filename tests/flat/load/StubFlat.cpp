@@ -38,17 +38,17 @@ VQ::Bios bios = StubBios();
 #define NUMBER(type, name)                                                                                             \
     type name(void)                                                                                                    \
     {                                                                                                                  \
-        return static_cast<type>(numberOf(#name));                                                                     \
+        return numberOf<type>(#name);                                                                                  \
     }
 #define NUMBER_OF(type, name)                                                                                          \
     type name(unsigned int index)                                                                                      \
     {                                                                                                                  \
-        return static_cast<type>(numberOf(#name)) + static_cast<type>(index);                                          \
+        return numberOf<type>(#name) ^ static_cast<type>(index);                                                       \
     }
 #define NUMBERS_OF(name)                                                                                               \
     void name(void* buffer, unsigned int index)                                                                        \
     {                                                                                                                  \
-        packAI(buffer, {numberOf(#name), static_cast<int>(index)});                                                    \
+        packAI(buffer, {numberOf<int>(#name), static_cast<int>(index)});                                               \
     }
 #define COUNT(name, count)                                                                                             \
     int name(void)                                                                                                     \
@@ -117,4 +117,4 @@ TEXT_OF(getSlotDesignation)
 TEXT_OF(getFirmwareName) TEXT_OF(getFirmwareVersion) TEXT_OF(getFirmwareManufacturer)
 TEXT_OF(getFirmwareSerialNumber) TEXT_OF(getFirmwareBuildNumber) TEXT_OF(getFirmwareReleaseDate)
 COUNT(Reboot, -1) COUNT(Shutdown, -1) // they do nothing
-    // clang-format on
+                                                                                                      // clang-format on

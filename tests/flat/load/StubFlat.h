@@ -6,13 +6,13 @@
 // which function was asked. VQ_STUB_INIT=out_of_range lets its init() throw, VQ_STUB_LIST=damaged its list of languages
 // be none.
 
-/// The number that the function of this name gives.
-constexpr int numberOf(const char* name)
+/// The number that the function of this name gives, which needs every bit of its type.
+template <class Number> constexpr Number numberOf(const char* name)
 {
-    unsigned hash = 2166136261;
+    unsigned long long hash = 14695981039346656037u;
     for (; *name; ++name)
-        hash = (hash ^ static_cast<unsigned char>(*name)) * 16777619;
-    return static_cast<int>(hash >> 1);
+        hash = (hash ^ static_cast<unsigned char>(*name)) * 1099511628211u;
+    return static_cast<Number>(hash);
 }
 
 /// The text that the function of this name gives of the record at this index.

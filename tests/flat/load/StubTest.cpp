@@ -58,6 +58,17 @@ std::vector<int> numbersOf(const SystemProviderNumbers& numbers)
     return {numbers.values, numbers.values + numbers.count};
 }
 
+// What a function of this type gives.
+template <class Number> Number expected(Number (*)(), const char* name)
+{
+    return numberOf<Number>(name);
+}
+
+template <class Number> Number expected(Number (*)(unsigned int), const char* name, unsigned int index)
+{
+    return numberOf<Number>(name) ^ static_cast<Number>(index);
+}
+
 // The file that the module's functions are in.
 std::string fileOf(const Module& module)
 {
@@ -87,10 +98,10 @@ int placeInTheTest(const void* address, Dl_info* info)
 
 #define SAYS(field, function) EXPECT_STREQ(field, #function)
 #define SAYS_OF(field, function) EXPECT_EQ(field, textOf(#function, i))
-#define HAS(field, function) EXPECT_EQ(field, static_cast<decltype(field)>(numberOf(#function)))
-#define HAS_OF(field, function) EXPECT_EQ(field, static_cast<decltype(field)>(numberOf(#function)) + i)
+#define HAS(field, function) EXPECT_EQ(field, expected(SystemProviderFunctions().function, #function))
+#define HAS_OF(field, function) EXPECT_EQ(field, expected(SystemProviderFunctions().function, #function, i))
 #define HAVE_OF(field, function)                                                                                       \
-    EXPECT_EQ(numbersOf(field), (std::vector<int>{numberOf(#function), static_cast<int>(i)}))
+    EXPECT_EQ(numbersOf(field), (std::vector<int>{numberOf<int>(#function), static_cast<int>(i)}))
 
 class Fields : public testing::Test
 {
@@ -197,21 +208,21 @@ TEST_F(Fields, OfBaseBoards)
 TEST_F(Fields, OfCaches)
 {
     ASSERT_EQ(systemProviderCacheCount(_inventory.get()), static_cast<size_t>(StubCaches));
-    for (int i = 0; i < StubCaches; ++i) {
-        const SystemProviderCache& cache = *systemProviderCache(_inventory.get(), static_cast<size_t>(i));
-        EXPECT_EQ(cache.designation, textOf("getCacheDesignation", static_cast<unsigned>(i)));
-        EXPECT_EQ(cache.purpose, textOf("getCachePurpose", static_cast<unsigned>(i)));
+    for (unsigned int i = 0; i < StubCaches; ++i) {
+        const SystemProviderCache& cache = *systemProviderCache(_inventory.get(), i);
+        SAYS_OF(cache.designation, getCacheDesignation);
+        SAYS_OF(cache.purpose, getCachePurpose);
         HAS_OF(cache.associativity, getCacheAssociativity);
         HAS_OF(cache.writePolicy, getCacheWritePolicy);
         HAS_OF(cache.type, getCacheType);
         HAS_OF(cache.location, getCacheLocation);
         HAS_OF(cache.level, getCacheLevel);
         HAS_OF(cache.errorCorrectionType, getCacheErrorCorrectionType);
-        HAS_OF(static_cast<int>(cache.speed), getCacheSpeed);
-        HAS_OF(static_cast<int>(cache.size), getCacheSize);
-        HAS_OF(static_cast<int>(cache.maximumSize), getCacheMaximumSize);
-        HAS_OF(static_cast<int>(cache.installedSize), getCacheInstalledSize);
-        HAS_OF(static_cast<int>(cache.numberOfBlocks), getCacheNumberOfBlocks);
+        HAS_OF(cache.speed, getCacheSpeed);
+        HAS_OF(cache.size, getCacheSize);
+        HAS_OF(cache.maximumSize, getCacheMaximumSize);
+        HAS_OF(cache.installedSize, getCacheInstalledSize);
+        HAS_OF(cache.numberOfBlocks, getCacheNumberOfBlocks);
         HAVE_OF(cache.supportedSramType, getCacheSupportedSramType);
         HAVE_OF(cache.currentSramType, getCacheCurrentSramType);
     }
@@ -227,7 +238,7 @@ TEST_F(Fields, OfPorts)
         SAYS_OF(port.manufacturer, getPortManufacturer);
         SAYS_OF(port.internalReferenceDesignator, getPortInternalReferenceDesignator);
         SAYS_OF(port.externalReferenceDesignator, getPortExternalReferenceDesignator);
-        EXPECT_EQ(port.type, numberOf("getPortType") + static_cast<int>(i));
+        HAS_OF(port.type, getPortType);
         HAVE_OF(port.connectors, getPortConnectors);
     }
 }
