@@ -53,7 +53,7 @@ vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${VQ_INSTALL
 vq_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/install/changelog ${VQ_INSTALL_DEVELOPMENT_DOC_DIR} development)
 set(_legal ${CMAKE_CURRENT_BINARY_DIR}/install/copyright ${CMAKE_SOURCE_DIR}/LICENSE)
 install(FILES ${_legal} ${CMAKE_SOURCE_DIR}/docs/admin.md ${CMAKE_SOURCE_DIR}/docs/classes.md
-    ${CMAKE_SOURCE_DIR}/docs/security.md ${CMAKE_SOURCE_DIR}/docs/inventory.schema.json
+    ${CMAKE_SOURCE_DIR}/docs/monitoring.md ${CMAKE_SOURCE_DIR}/docs/security.md ${CMAKE_SOURCE_DIR}/docs/inventory.schema.json
     DESTINATION ${VQ_INSTALL_DOC_DIR})
 install(FILES ${_legal} DESTINATION ${VQ_INSTALL_DEVELOPMENT_DOC_DIR} COMPONENT development)
 foreach(_component ${VQ_COMPANION_COMPONENTS} ${VQ_FLEET_COMPONENTS})
@@ -69,6 +69,8 @@ install(FILES ${CMAKE_SOURCE_DIR}/examples/flat_inventory.c ${CMAKE_SOURCE_DIR}/
 install(FILES ${CMAKE_SOURCE_DIR}/completions/vq-register ${CMAKE_SOURCE_DIR}/completions/vqinventory
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 if(VQ_FLEET_COMPONENTS)
+    install(FILES ${CMAKE_SOURCE_DIR}/docs/fleet.md COMPONENT fleet
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/systemprovider-fleet)
     install(FILES ${CMAKE_SOURCE_DIR}/completions/vqfleet COMPONENT fleet
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 endif()

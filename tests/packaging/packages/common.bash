@@ -64,6 +64,7 @@ $doc_dir/changelog.gz
 $doc_dir/classes.md
 $doc_dir/copyright
 $doc_dir/inventory.schema.json
+$doc_dir/monitoring.md
 $doc_dir/security.md
 $man/man1/vqinventory.1.gz
 $man/man8/vq-register.8.gz
@@ -136,6 +137,7 @@ $man/man1/vqfleet.1.gz
 $share_doc/systemprovider-fleet/LICENSE
 $share_doc/systemprovider-fleet/changelog.gz
 $share_doc/systemprovider-fleet/copyright
+$share_doc/systemprovider-fleet/fleet.md
 END
 }
 
