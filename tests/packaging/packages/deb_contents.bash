@@ -19,6 +19,7 @@ check "licence" "License: Expat
  ." "$(sed -n '/^License:/,+2p' "$root$doc_dir/copyright")"
 check "last line of the licence" " $(tail -1 "$source_dir/LICENSE")" "$(tail -1 "$root$doc_dir/copyright")"
 check "dependencies" "libc6 libgcc-s1 libstdc++6" "$(field Depends | sed 's/ ([^)]*)//g; s/,//g')"
+check "suggestions" "prometheus-node-exporter, python3" "$(field Suggests)"
 check "the loader is told of the library" "activate-noawait ldconfig" "$(dpkg-deb --ctrl-tarfile "$deb" | tar -xO ./triggers)"
 if [ "$cim_library" = openpegasus ]; then other=systemprovider-standalone; else other=systemprovider; fi
 check "conflict with the other kind" "$other" "$(field Conflicts)"
