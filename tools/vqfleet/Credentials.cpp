@@ -100,7 +100,7 @@ private:
 std::string readPassword(const std::string& file)
 {
     const std::string text = readInput(file, MaxPasswordFile, "a file with a password");
-    const std::string password = text.substr(0, text.find_first_of("\r\n"));
+    std::string password = text.substr(0, text.find_first_of("\r\n"));
     if (password.empty())
         throw LoadError(file + " has no password on its first line");
     return password;

@@ -89,6 +89,7 @@ std::vector<MethodAnswer> callFleet(const std::vector<Server>& servers, const Me
     }
     converse(servers, conversations, access, pace);
     std::vector<MethodAnswer> answers;
+    answers.reserve(invocations.size());
     for (Invocation* invocation : invocations)
         answers.push_back(std::move(invocation->answer));
     return answers;

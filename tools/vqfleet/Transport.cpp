@@ -270,6 +270,7 @@ private:
 void converse(const std::vector<Server>& servers, const std::vector<std::unique_ptr<Conversation>>& conversations,
               const Access& access, const Pace& pace)
 {
+    curl_global_init(CURL_GLOBAL_DEFAULT); // here, since it takes its time: what was saved is shown without
     Progress progress(servers.size());
     Calls calls(pace);
     for (std::size_t next = 0; next < servers.size() || calls.count() > 0;) {

@@ -7,7 +7,6 @@
 #include "tools/vqfleet/Fleet.h"
 
 #include <csignal>
-#include <curl/curl.h>
 #include <exception>
 
 using namespace VQ::Tool;
@@ -37,7 +36,6 @@ int run(Arguments arguments, int trouble)
 int main(int count, char** values)
 {
     std::signal(SIGPIPE, SIG_IGN); // a write then fails, with a reason
-    curl_global_init(CURL_GLOBAL_DEFAULT);
     int trouble = RequestFailed;
     try {
         const Arguments arguments = parseArguments(count, values);
