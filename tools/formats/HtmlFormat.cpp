@@ -328,6 +328,7 @@ std::string pageOf(const std::vector<Machine>& machines, const Setting& setting,
 {
     Templates templates;
     std::vector<Summary> summaries;
+    summaries.reserve(machines.size());
     for (const Machine& machine : machines)
         summaries.push_back(summarize(machine));
     const bool one = machines.size() == 1;

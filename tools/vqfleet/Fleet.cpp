@@ -94,6 +94,7 @@ std::vector<Machine> askFleet(const std::vector<Server>& servers, const Request&
     }
     converse(servers, conversations, access, pace);
     std::vector<Machine> machines;
+    machines.reserve(inventories.size());
     for (Inventory* inventory : inventories)
         machines.push_back(std::move(inventory->machine));
     makeNamesDiffer(machines);
