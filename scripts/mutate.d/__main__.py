@@ -14,6 +14,7 @@ import signal
 import sys
 import threading
 import time
+import zlib
 
 import accepted
 import build
@@ -43,6 +44,8 @@ def arguments():
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="workers, each with a copy (the processors)")
     parser.add_argument("--list", action="store_true", help="show the mutants, run nothing")
     parser.add_argument("--kinds", default=",".join(mutations.KINDS), help="only these kinds: %(default)s")
+    parser.add_argument("--per-line", type=int, default=2, metavar="N",
+                        help="try at most N mutants of a line, of different kinds where it has them (2; 0: all)")  # fmt: skip
     parser.add_argument("--sample", type=int, metavar="N", help="try only N mutants, drawn at random")
     parser.add_argument("--seed", type=int, default=1, help="of the sample (1)")
     parser.add_argument("--programs", default="", metavar="EXPRESSION", help="run only the test programs of these names")
@@ -107,6 +110,21 @@ class Record:
             file.write(json.dumps(entry) + "\n")
 
 
+def thinned(wanted, most):
+    """At most so many mutants of each line: of different kinds first, and another kind first from line to line."""
+    by_line = collections.defaultdict(list)
+    for mutation in wanted:
+        by_line[mutation.path, mutation.line].append(mutation)
+    kept = set()
+    for of_line in by_line.values():
+        by_kind = collections.defaultdict(list)
+        for mutation in sorted(of_line, key=lambda one: zlib.crc32(repr(one.key).encode())):
+            by_kind[mutation.kind].append(mutation)
+        in_turn = itertools.chain(*itertools.zip_longest(*by_kind.values()))
+        kept.update(mutation.key for mutation in list(filter(None, in_turn))[:most])
+    return [mutation for mutation in wanted if mutation.key in kept]
+
+
 def chosen(options, record):
     """The mutants to try, in the order of files and lines, and all that the files have."""
     kinds = options.kinds.split(",")
@@ -118,6 +136,8 @@ def chosen(options, record):
     wanted = [mutation for mutation in every if mutation.kind in kinds]
     if options.survivors:
         wanted = [mutation for mutation in wanted if mutation.key in record.survivors]
+    elif options.per_line:
+        wanted = thinned(wanted, options.per_line)
     if options.sample and options.sample < len(wanted):
         positions = sorted(random.Random(options.seed).sample(range(len(wanted)), options.sample))
         wanted = [wanted[position] for position in positions]
@@ -154,7 +174,7 @@ def run(options, todo, record):
     by_file = collections.defaultdict(list)
     for mutation in todo:
         by_file[mutation.path].append(mutation)
-    for ofs in by_file.values():
+    for _, ofs in sorted(by_file.items(), key=lambda entry: entry[0].endswith(".h")):  # headers take longest: last
         for begin in range(0, len(ofs), CHUNK):
             chunks.put(ofs[begin : begin + CHUNK])
     lock = threading.Lock()

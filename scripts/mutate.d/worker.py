@@ -5,6 +5,7 @@ from build import Build, BuildFailed
 
 SAME, BROKEN, KILLED, SURVIVED = "same code", "does not compile", "killed", "survived"
 LINKING = 0.3  # seconds that a program's link takes, about
+COMPILING = 2  # and the compilation of one object
 
 
 class Worker:
@@ -59,7 +60,12 @@ class Worker:
         """The units whose program is made of the file, first those that promise most for the time they take."""
         objects = self.build.objects[name]
         units = [unit for unit in self.units if objects & self.build.inputs(unit.program.target)]
-        return sorted(units, key=lambda unit: (unit.seconds + LINKING) * (unit.ran + 2) / (unit.killed + 1))
+
+        def price(unit):
+            compiled = len(objects & self.build.inputs(unit.program.target))
+            return (unit.seconds + LINKING + COMPILING * compiled) * (unit.ran + 2) / (unit.killed + 1)
+
+        return sorted(units, key=price)
 
     def attempt(self, mutation):
         """What became of the mutant: (result, the test that noticed it)."""
