@@ -5,7 +5,7 @@ from build import Build, BuildFailed
 
 SAME, BROKEN, KILLED, SURVIVED = "same code", "does not compile", "killed", "survived"
 LINKING = 0.3  # seconds that a program's link takes, about
-COMPILING = 2  # and the compilation of one object
+COMPILING = 2  # and the compilation of one object of those that a header is in
 
 
 class Worker:
@@ -62,7 +62,7 @@ class Worker:
         units = [unit for unit in self.units if objects & self.build.inputs(unit.program.target)]
 
         def price(unit):
-            compiled = len(objects & self.build.inputs(unit.program.target))
+            compiled = len(objects & self.build.inputs(unit.program.target)) if name.endswith(".h") else 0
             return (unit.seconds + LINKING + COMPILING * compiled) * (unit.ran + 2) / (unit.killed + 1)
 
         return sorted(units, key=price)

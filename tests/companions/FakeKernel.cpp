@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdarg>
 #include <cstring>
 #include <ctime>
 #include <linux/ipmi.h>
@@ -84,16 +83,12 @@ int receive(FakeKernel& kernel, struct ipmi_recv& into)
 }
 }
 
-int fakeIoctl(int file, unsigned long request, ...) __asm__("__wrap_ioctl");
+int fakeIoctl(int file, unsigned long request, void* argument) __asm__("__wrap_ioctl");
 int fakePoll(struct pollfd* files, nfds_t count, int timeout) __asm__("__wrap_poll");
 int fakeClock(clockid_t clock, struct timespec* time) __asm__("__wrap_clock_gettime");
 
-int fakeIoctl(int file, unsigned long request, ...)
+int fakeIoctl(int file, unsigned long request, void* argument)
 {
-    va_list arguments;
-    va_start(arguments, request);
-    void* argument = va_arg(arguments, void*);
-    va_end(arguments);
     if (file != FakeKernel::Device)
         return fail(EBADF);
     if (request == IPMICTL_SEND_COMMAND)

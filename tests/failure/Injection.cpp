@@ -181,9 +181,9 @@ int sysinfo(struct sysinfo* figures) noexcept
         return -1;
     *figures = {};
     figures->uptime = 1000;
-    figures->totalram = 1024 * 1024;
-    figures->freeram = 512 * 1024;
-    figures->totalswap = 256 * 1024;
+    figures->totalram = 1024UL * 1024;
+    figures->freeram = 512UL * 1024;
+    figures->totalswap = 256UL * 1024;
     figures->procs = 77;
     figures->mem_unit = 1;
     return 0;

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <regex>
+#include <sstream>
 
 using Structures = std::vector<DmidecodeStructure>;
 
@@ -92,7 +93,8 @@ std::string dateText(const std::string& printed)
     int month = 0;
     int day = 0;
     int year = 0;
-    if (std::sscanf(printed.c_str(), "%d/%d/%d", &month, &day, &year) != 3)
+    char slash = 0;
+    if (!(std::istringstream(printed) >> month >> slash >> day >> slash >> year))
         return NoDate;
     if (year < 100)
         year += year < 70 ? 2000 : 1900;
@@ -208,7 +210,8 @@ std::string kilobytes(const std::string& printed)
 std::string cacheLevel(const std::string& configuration)
 {
     const std::size_t at = configuration.find("Level ");
-    const int level = at == std::string::npos ? 0 : std::atoi(configuration.c_str() + at + 6);
+    const int level =
+        at == std::string::npos ? 0 : static_cast<int>(std::strtol(configuration.c_str() + at + 6, nullptr, 10));
     return level >= 1 && level <= 3 ? std::to_string(level + 2) : "0";
 }
 
@@ -231,7 +234,7 @@ void addCaches(Facts& facts, const Structures& caches)
         facts[name + ".Name"] = facts[name + ".Purpose"] = field(cache, "Socket Designation");
         facts[name + ".Level"] = cacheLevel(field(cache, "Configuration"));
         facts[name + ".WritePolicy"] = writePolicy(field(cache, "Operational Mode"));
-        facts[name + ".CacheSpeed"] = std::to_string(std::atoi(speed.c_str()));
+        facts[name + ".CacheSpeed"] = std::to_string(std::strtol(speed.c_str(), nullptr, 10));
         facts[name + ".MaximumInstallableSize"] = kilobytes(field(cache, "Maximum Size"));
         facts[name + ".InstalledSize"] = kilobytes(field(cache, "Installed Size"));
         facts[name + ".Location"] = codeText(cache, "Location");

@@ -102,7 +102,7 @@ TEST(ToolJson, MapsEveryTypeOfCim)
         {"U32", 4294967295u},
         {"S32", -2147483647 - 1},
         {"U64", 18446744073709551615ull},
-        {"S64", -9223372036854775807ll - 1},
+        {"S64", -9223372036854775807LL - 1},
         {"Odd", "q\" b\\ e\x1B[2J n\nt\t d\x7F c\xC2\x9B u\xC3\xA9 r\xE2\x80\xAEx"},
         {"Blank", " x"},
         {"Empty", ""},

@@ -84,7 +84,7 @@ CIMInstance everything()
     add(instance, "U32", Uint32(4294967295u));
     add(instance, "S32", Sint32(-2147483647 - 1));
     add(instance, "U64", Uint64(18446744073709551615ull));
-    add(instance, "S64", Sint64(-9223372036854775807ll - 1));
+    add(instance, "S64", Sint64(-9223372036854775807LL - 1));
     add(instance, "Odd", String("q\" b\\ e\x1B[2J n\nt\t d\x7F c\xC2\x9B u\xC3\xA9 r\xE2\x80\xAEx"));
     add(instance, "Blank", String(" x"));
     add(instance, "Empty", String());
