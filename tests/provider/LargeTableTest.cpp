@@ -54,4 +54,8 @@ TEST(LargeTable, IsReadToItsEndAndEveryInstanceNumbered)
     EXPECT_EQ(ports.count, Count);
     EXPECT_EQ(valueOf(ports.last, "Name"), std::to_string(Count - 1));
     EXPECT_EQ(valueOf(ports.last, "Tag"), "PortConnector" + std::to_string(Count - 1));
+    LastInstance found;
+    TestProvider().get(ports.last.getPath(), found);
+    EXPECT_EQ(found.count, 1u);
+    EXPECT_EQ(valueOf(found.last, "Name"), std::to_string(Count - 1));
 }
