@@ -214,7 +214,7 @@ static double compared(const char* what, double safe, double unsafe)
 
 int main(int argc, char** argv)
 {
-    const int rounds = argc == 3 ? atoi(argv[2]) : 201;
+    const int rounds = argc == 3 ? (int)strtol(argv[2], NULL, 10) : 201;
     const double longest = 2000;
     const double most = 1.5;
     double whole;

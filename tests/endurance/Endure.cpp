@@ -37,7 +37,7 @@ namespace
 {
 constexpr int Samples = 20;
 // What a process may grow in the second half of its requests: the allocator's, which settles late with many threads.
-constexpr long GrowthAllowed = 256 * 1024;
+constexpr long GrowthAllowed = 256L * 1024;
 
 const char* const Classes[] = {
     "QORTAL_BIOS", "QORTAL_Chassis",        "QORTAL_BaseBoard",       "QORTAL_CacheMemory", "QORTAL_Port",
@@ -123,12 +123,13 @@ struct Sample
 // The slope of the second half, in bytes for a million requests, by least squares.
 double slopeOf(const std::vector<Sample>& samples)
 {
-    double n = 0;
+    const std::size_t first = samples.size() / 2;
+    const auto n = static_cast<double>(samples.size() - first);
     double x = 0;
     double y = 0;
     double xx = 0;
     double xy = 0;
-    for (std::size_t i = samples.size() / 2; i < samples.size(); ++i, ++n) {
+    for (std::size_t i = first; i < samples.size(); ++i) {
         const double requests = samples[i].requests / 1e6;
         const auto bytes = static_cast<double>(samples[i].held.bytes);
         x += requests;
@@ -226,12 +227,17 @@ private:
     std::vector<Sample> _samples;
 };
 
+int numberOf(const char* text)
+{
+    return static_cast<int>(std::strtol(text, nullptr, 10));
+}
+
 int endure(char** argv)
 {
     using Serve = void (*)(const char*);
     reinterpret_cast<Serve>(symbol(load(argv[2], RTLD_NOW | RTLD_GLOBAL), "vqServeSmBiosDump"))(argv[3]);
-    Endurance endurance(argv[1], std::atol(argv[4]));
-    const bool right = endurance.run(std::atoi(argv[5]), std::atoi(argv[6]));
+    Endurance endurance(argv[1], numberOf(argv[4]));
+    const bool right = endurance.run(numberOf(argv[5]), numberOf(argv[6]));
     const std::vector<Sample>& samples = endurance.samples();
     const Held& middle = samples[samples.size() / 2 - 1].held;
     const Held& last = samples.back().held;
@@ -241,7 +247,7 @@ int endure(char** argv)
     return right ? 0 : 1;
 #else
     // While modules are loaded, their files are open now and then.
-    const bool loading = std::atoi(argv[6]) > 0;
+    const bool loading = numberOf(argv[6]) > 0;
     const bool flat = last.bytes - middle.bytes <= GrowthAllowed && (loading || last.descriptors == middle.descriptors);
     return right && flat ? 0 : 1;
 #endif
@@ -250,7 +256,7 @@ int endure(char** argv)
 
 int main(int argc, char** argv)
 {
-    if (argc != 7 || std::atol(argv[4]) < Samples || std::atoi(argv[5]) < 1) {
+    if (argc != 7 || numberOf(argv[4]) < Samples || numberOf(argv[5]) < 1) {
         std::fprintf(stderr, "usage: endure MODULE READER DUMP REQUESTS THREADS LOADERS\n");
         return 2;
     }
