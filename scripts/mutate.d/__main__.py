@@ -50,6 +50,7 @@ def arguments():
     parser.add_argument("--seed", type=int, default=1, help="of the sample (1)")
     parser.add_argument("--programs", default="", metavar="EXPRESSION", help="run only the test programs of these names")
     parser.add_argument("--longest", type=float, default=5, metavar="S", help="leave out tests that take longer (5)")
+    parser.add_argument("--accepted", action="store_true", help="try those of the list of accepted ones, too")
     again = parser.add_mutually_exclusive_group()
     again.add_argument("--resume", action="store_true", help="go on with an interrupted run of the same sources")
     again.add_argument("--survivors", action="store_true", help="try only those that survived the last run")
@@ -268,13 +269,17 @@ def main():
     reached = DIRECTORY / "reached"
     reached.unlink(missing_ok=True)
     os.environ["VQ_MUTATE_REACHED"] = str(reached)
-    todo = [mutation for mutation in wanted if mutation.key not in record.results]
+    known = set(record.results) if options.accepted else {entry.key for entry in entries}.union(record.results)
+    todo = [mutation for mutation in wanted if mutation.key not in known]
     print(f"{len(todo)} mutants to try", flush=True)
     began = time.monotonic()
     if todo:
         run(options, todo, record)
     print(f"{(time.monotonic() - began) / 60:.0f} minutes")
     summary(record.results)
+    left = sum(mutation.key in known and mutation.key not in record.results for mutation in wanted)
+    if left:
+        print(f"{left} accepted with a reason were not tried again: --accepted does")
     if reached.exists():
         print("a mutant came as far as the programs that stop a machine; the guard refused:\n" + reached.read_text())
     return verdict(record.results, every, entries)
