@@ -1,6 +1,7 @@
 #include "support/smbios/DumpSource.h"
 
 #include "support/smbios/SmBios.h"
+#include "tests/testing/EntryPoints.h"
 #include "tests/testing/ServedTable.h"
 
 #include <filesystem>
@@ -150,6 +151,29 @@ TEST(DumpSource, TableBeyondTheEndOfTheFileIsAnError)
     const ServedFile dump(bytes);
     EXPECT_EQ(errorText(), dump.file + ": its entry point announces the SMBIOS table at byte 32, but the file has 24 "
                                        "bytes");
+}
+
+// dmidecode writes the table behind the entry point, and others may write it elsewhere.
+TEST(DumpSource, TableIsReadWhereTheEntryPointSays)
+{
+    const std::vector<unsigned char> structures = smallTable().structures();
+    for (const std::size_t address : {32, 48, 4096}) {
+        const auto size = static_cast<std::uint32_t>(structures.size());
+        std::vector<unsigned char> bytes = entryPoint64(address, size);
+        bytes.resize(address, 0xFF);
+        bytes.insert(bytes.end(), structures.begin(), structures.end());
+        const ServedFile dump(bytes);
+        EXPECT_EQ(SmBios().getTables().size(), 2u) << address;
+    }
+}
+
+TEST(DumpSource, TableAbove4GiBIsBeyondTheEndToo)
+{
+    std::vector<unsigned char> bytes = entryPoint64(0x100000020, 8);
+    bytes.resize(64);
+    const ServedFile dump(bytes);
+    EXPECT_EQ(errorText(), dump.file + ": its entry point announces the SMBIOS table at byte 4294967328, but the file "
+                                       "has 64 bytes");
 }
 
 TEST(DumpSource, DumpThatIsCutOffKeepsItsWholeStructures)

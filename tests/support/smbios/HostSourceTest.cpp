@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -691,6 +692,27 @@ TEST_F(Memory, TableThatCanNeitherBeReadNorMappedIsAnError)
     platform.preadErrorFrom = 0x100000;
     platform.mmapError = EPERM;
     EXPECT_EQ(errorText(), "cannot read " + hostPaths.memoryDevice + ": Operation not permitted" + MemoryAdvice);
+}
+
+TEST_F(Memory, TableAbove4GiBIsMappedThere)
+{
+    place(0xF1230, entryPoint64(0x110001230, 15));
+    offer();
+    Platform platform;
+    platform.preadError = EFAULT;
+    platform.preadErrorFrom = 0x100000;
+    platform.mmapError = EPERM;
+    EXPECT_NE(errorText(), "no error");
+    EXPECT_EQ(platform.mappedFrom, 0x110001000u);
+}
+
+TEST_F(Memory, IsNotHandedToOtherProgramsAndNotWaitedFor)
+{
+    placeSmallTable();
+    offer();
+    Platform platform;
+    const SmBios smBios;
+    EXPECT_EQ(platform.openFlags & ~O_LARGEFILE, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
 }
 
 TEST_F(Memory, ErrorAfterTheFirstByteOfTheTableIsAnErrorToo)

@@ -55,6 +55,7 @@ int open(const char* path, int flags, ...)
     va_end(arguments);
     if (asked) {
         asked->opened.emplace_back(path);
+        asked->openFlags = flags;
         if (asked->interruptedOpens > 0) {
             --asked->interruptedOpens;
             errno = EINTR;
@@ -113,6 +114,8 @@ int fstat(int descriptor, struct stat* status) noexcept
 
 void* mmap(void* address, size_t length, int protection, int flags, int descriptor, off_t offset) noexcept
 {
+    if (asked)
+        asked->mappedFrom = static_cast<std::uint64_t>(offset);
     if (asked && asked->mmapError) {
         errno = asked->mmapError;
         return MAP_FAILED;

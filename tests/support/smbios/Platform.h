@@ -30,4 +30,6 @@ public:
     std::vector<std::size_t> reads;  ///< the answers of `read`, in bytes
     std::vector<std::size_t> wanted; ///< what each `pread` asked for, in bytes
     std::vector<std::string> opened; ///< files, in order
+    int openFlags = 0;               ///< of the last `open`
+    std::uint64_t mappedFrom = 0;    ///< where the last `mmap` was to begin
 };
