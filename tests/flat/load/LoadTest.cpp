@@ -5,6 +5,7 @@
 #include "flat/systemprovider_load.h"
 #include "flat/systemprovider_packed.h"
 #include "tests/flat/load/GuardedMemory.h"
+#include "tests/testing/EntryPoints.h"
 #include "tests/testing/FullTable.h"
 #include "tests/testing/ServedTable.h"
 
@@ -360,6 +361,9 @@ TEST(LoadFailure, OfATableThatTheModuleWouldCountWithoutEnd)
               "FILE: a structure of type 0 announces 255 languages" + end);
     EXPECT_EQ(failureOf(TableBuilder().type(12).byte(0x04, 1).type(12).byte(0x04, 255).type(127)),
               "FILE: a structure of type 12 announces 255 configuration options" + end);
+    TableBuilder behind64KiB;
+    behind64KiB.type(9).string(0x04, std::string(70000, 'x')).type(13).byte(0x04, 255);
+    EXPECT_EQ(failureOf(behind64KiB.form64().type(127)), "FILE: a structure of type 13 announces 255 languages" + end);
 }
 
 TEST(LoadFailure, IsNotOfATableWhoseCountsOf255AreNotRead)
@@ -370,6 +374,18 @@ TEST(LoadFailure, IsNotOfATableWhoseCountsOf255AreNotRead)
     const Inventory inventory = inventoryOf(table);
     EXPECT_EQ(systemProviderBios(inventory.get())->languages.count, 254u);
     EXPECT_EQ(systemProviderConfigurationOptions(inventory.get())->count, 254u);
+}
+
+TEST(LoadFailure, IsNotOfWhatStandsBehindTheTable)
+{
+    const std::vector<unsigned char> table = TableBuilder().type(9).string(0x04, "slot").structures();
+    const std::vector<unsigned char> behind = TableBuilder().type(13).byte(0x04, 255).structures();
+    std::vector<unsigned char> dump = entryPoint64(32, static_cast<std::uint32_t>(table.size()));
+    dump.resize(32);
+    dump.insert(dump.end(), table.begin(), table.end());
+    dump.insert(dump.end(), behind.begin(), behind.end());
+    const TemporaryFile file(dump);
+    EXPECT_EQ(systemProviderSlotCount(read(open(file.path())).get()), 1u) << systemProviderError();
 }
 
 TEST(LoadFailure, LeavesTheModuleAsUsefulAsBefore)

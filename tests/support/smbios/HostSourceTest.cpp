@@ -680,6 +680,7 @@ TEST_F(Memory, TableThatCannotBeReadIsMapped)
     const SmBios smBios;
     ASSERT_EQ(smBios.getTables().size(), 2u);
     EXPECT_STREQ(smBios.getTables()[0].getString(1), "A text of some length");
+    EXPECT_EQ(platform.mapped, 0);
 }
 
 TEST_F(Memory, TableThatCanNeitherBeReadNorMappedIsAnError)

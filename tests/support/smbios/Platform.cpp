@@ -121,7 +121,17 @@ void* mmap(void* address, size_t length, int protection, int flags, int descript
         return MAP_FAILED;
     }
     static const auto real = next<void* (*)(void*, size_t, int, int, int, off_t)>("mmap64");
+    if (asked)
+        ++asked->mapped;
     return real(address, length, protection, flags, descriptor, offset);
+}
+
+int munmap(void* address, size_t length) noexcept
+{
+    static const auto real = next<int (*)(void*, size_t)>("munmap");
+    if (asked)
+        --asked->mapped;
+    return real(address, length);
 }
 }
 #pragma GCC visibility pop

@@ -32,4 +32,5 @@ public:
     std::vector<std::string> opened; ///< files, in order
     int openFlags = 0;               ///< of the last `open`
     std::uint64_t mappedFrom = 0;    ///< where the last `mmap` was to begin
+    int mapped = 0;                  ///< how many `mmap` gave that no `munmap` took back
 };
