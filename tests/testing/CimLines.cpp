@@ -70,7 +70,7 @@ std::vector<std::string> propertyLines(const CIMInstance& instance)
     std::vector<std::string> lines;
     for (Uint32 i = 0; i < instance.getPropertyCount(); ++i) {
         const CIMConstProperty property = instance.getProperty(i);
-        const CIMValue value = property.getValue();
+        const CIMValue& value = property.getValue();
         lines.push_back(text(property.getName().getString()) + " | " + typeText(value) + " | " + valueText(value));
     }
     return lines;
@@ -79,7 +79,7 @@ std::vector<std::string> propertyLines(const CIMInstance& instance)
 std::vector<std::string> keyLines(const CIMObjectPath& path)
 {
     std::vector<std::string> lines;
-    const Array<CIMKeyBinding> keys = path.getKeyBindings();
+    const Array<CIMKeyBinding>& keys = path.getKeyBindings();
     for (Uint32 i = 0; i < keys.size(); ++i)
         lines.push_back(text(keys[i].getName().getString()) + " | " + typeText(keys[i].getType()) + " | " +
                         text(keys[i].getValue()));

@@ -61,8 +61,8 @@ void firstOf(std::string& into, const std::string& text)
 // The text before the dash of a version, and what is behind it; alike where there is no dash.
 std::string versionOf(const Instance& bios)
 {
-    const std::string build = textOf(bios, "BuildNumber");
-    const std::string version = textOf(bios, "Version");
+    std::string build = textOf(bios, "BuildNumber");
+    std::string version = textOf(bios, "Version");
     if (build == version || version.empty())
         return build;
     return build.empty() ? version : build + " " + version;

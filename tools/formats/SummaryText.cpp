@@ -64,10 +64,11 @@ std::string namesText(const std::vector<std::string>& names)
 
 std::string upText(std::int64_t seconds)
 {
+    constexpr std::int64_t MinutesOfADay = 1440;
     const std::int64_t minutes = seconds / 60;
     std::string text;
-    if (minutes >= 24 * 60)
-        text = counted(static_cast<std::size_t>(minutes / (24 * 60)), "day", "days") + " ";
+    if (minutes >= MinutesOfADay)
+        text = counted(static_cast<std::size_t>(minutes / MinutesOfADay), "day", "days") + " ";
     const std::string rest = std::to_string(minutes % 60);
     return "up " + text + std::to_string(minutes / 60 % 24) + ":" + (rest.size() == 1 ? "0" : "") + rest;
 }

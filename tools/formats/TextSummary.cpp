@@ -165,6 +165,7 @@ std::string summaryTable(const std::vector<Summary>& summaries, const Setting& s
 std::string summaryAsText(const std::vector<Machine>& machines, const Setting& setting)
 {
     std::vector<Summary> summaries;
+    summaries.reserve(machines.size());
     for (const Machine& machine : machines)
         summaries.push_back(summarize(machine));
     return summaries.size() == 1 ? summaryText(summaries.front(), setting) : summaryTable(summaries, setting);

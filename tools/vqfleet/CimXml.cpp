@@ -78,7 +78,7 @@ std::string attributeOf(const pugi::xml_node& node, const char* name)
 // The names of classes and properties go into output that only takes care of values.
 std::string nameIn(const pugi::xml_node& node, const char* attribute)
 {
-    const std::string name = attributeOf(node, attribute);
+    std::string name = attributeOf(node, attribute);
     const bool legal = !name.empty() && std::isdigit(static_cast<unsigned char>(name[0])) == 0 &&
                        std::all_of(name.begin(), name.end(),
                                    [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; });

@@ -26,7 +26,7 @@ std::string partOf(const Url& url, CURLUPart part, unsigned flags = 0)
     char* text = nullptr;
     if (curl_url_get(url.get(), part, &text, flags) != CURLUE_OK)
         return "";
-    const std::string result = text;
+    std::string result = text;
     curl_free(text);
     return result;
 }

@@ -120,7 +120,7 @@ private:
     // With the user whose password is in the netrc file: one that is set apart keeps libcurl from looking there.
     std::string address() const
     {
-        const std::string whole = _server.address + "/cimom";
+        std::string whole = _server.address + "/cimom";
         if (!_access.netrc || _server.user.empty())
             return whole;
         const std::size_t host = whole.find("//") + 2;
