@@ -695,6 +695,13 @@ TEST_F(Memory, TableThatCanNeitherBeReadNorMappedIsAnError)
     EXPECT_EQ(errorText(), "cannot read " + hostPaths.memoryDevice + ": Operation not permitted" + MemoryAdvice);
 }
 
+TEST_F(Memory, IsNamedAsTheOriginOfTheTable)
+{
+    placeSmallTable();
+    offer();
+    EXPECT_EQ(readHostTables(hostPaths).origin, hostPaths.memoryDevice);
+}
+
 TEST_F(Memory, TableAbove4GiBIsMappedThere)
 {
     place(0xF1230, entryPoint64(0x110001230, 15));

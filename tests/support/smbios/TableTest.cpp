@@ -103,6 +103,17 @@ TEST(Table, String255IsTheLastThatANumberReaches)
     EXPECT_EQ(stringOf(table, 255), "255");
 }
 
+TEST(Table, StringBehind64KiBIsFoundAndTheDataWhole)
+{
+    Bytes bytes{7, 4, 0, 0};
+    bytes.insert(bytes.end(), 70000, 'x');
+    for (const char byte : std::string("\0second\0\0", 9))
+        bytes.push_back(static_cast<unsigned char>(byte));
+    const Table table(bytes);
+    EXPECT_EQ(stringOf(table, 2), "second");
+    EXPECT_EQ(table.getData(), bytes);
+}
+
 TEST(Table, UnterminatedStringIsNull)
 {
     const Table table(Bytes{7, 4, 0, 0, 'L', '1', 0, 'L', '2'});
