@@ -318,6 +318,26 @@ TEST(LoadFailure, OfMemoryIsToldAndLeavesEverythingUseful)
     EXPECT_NE(failureToOpen("/nonexistent").find("/nonexistent"), std::string::npos);
 }
 
+// The text of another failure may need more memory than there is, too; that of the one before is never told again.
+TEST(LoadFailure, WhoseTextCannotBeKeptIsALackOfMemory)
+{
+    if (!GuardsMemory)
+        GTEST_SKIP() << "the address sanitizer has an own allocation";
+    const std::string dump = "/the-dump-that-is-not-there";
+    unsigned lacking = 0;
+    for (std::size_t first = 1; first < 40; ++first) {
+        failureToOpen("/the-failure-before");
+        failAllocation(first, true);
+        const Module module = open(dump);
+        failAllocation(0);
+        ASSERT_EQ(module, nullptr);
+        const std::string text = systemProviderError();
+        lacking += text == "not enough memory";
+        EXPECT_TRUE(text == "not enough memory" || text.find(dump) != std::string::npos) << first << ": " << text;
+    }
+    EXPECT_GT(lacking, 2u);
+}
+
 TEST(LoadFailure, OfADamagedTableHasTheReadersText)
 {
     const TemporaryFile dump(std::vector<unsigned char>(64, 0x41));
