@@ -111,7 +111,8 @@ TableBuilder slots(std::initializer_list<const char*> designations)
 TEST(Load, PlainFunctionsReadTheDumpWithoutAnInventory)
 {
     const TemporaryFile old(slots({"old"}));
-    const Inventory inventory = read(open(old.path()));
+    const Module before = open(old.path());
+    const Inventory inventory = read(before);
     const TemporaryFile dump(slots({"one", "two"}));
     const Module module = open(dump.path());
     ASSERT_NE(module, nullptr) << systemProviderError();
