@@ -85,18 +85,10 @@ const Failure* firstFailureOf(const Machine& machine)
 std::vector<Machine> askFleet(const std::vector<Server>& servers, const Request& request, const Access& access,
                               const Pace& pace)
 {
-    std::vector<std::unique_ptr<Conversation>> conversations;
-    std::vector<Inventory*> inventories;
-    for (const Server& server : servers) {
-        auto inventory = std::make_unique<Inventory>(server, request);
-        inventories.push_back(inventory.get());
-        conversations.push_back(std::move(inventory));
-    }
-    converse(servers, conversations, access, pace);
     std::vector<Machine> machines;
-    machines.reserve(inventories.size());
-    for (Inventory* inventory : inventories)
-        machines.push_back(std::move(inventory->machine));
+    machines.reserve(servers.size());
+    for (Inventory& inventory : ended<Inventory>(servers, access, pace, request))
+        machines.push_back(std::move(inventory.machine));
     makeNamesDiffer(machines);
     return machines;
 }

@@ -80,18 +80,10 @@ private:
 std::vector<MethodAnswer> callFleet(const std::vector<Server>& servers, const MethodCall& call, const Access& access,
                                     const Pace& pace)
 {
-    std::vector<std::unique_ptr<Conversation>> conversations;
-    std::vector<Invocation*> invocations;
-    for (const Server& server : servers) {
-        auto invocation = std::make_unique<Invocation>(server, call);
-        invocations.push_back(invocation.get());
-        conversations.push_back(std::move(invocation));
-    }
-    converse(servers, conversations, access, pace);
     std::vector<MethodAnswer> answers;
-    answers.reserve(invocations.size());
-    for (Invocation* invocation : invocations)
-        answers.push_back(std::move(invocation->answer));
+    answers.reserve(servers.size());
+    for (Invocation& invocation : ended<Invocation>(servers, access, pace, call))
+        answers.push_back(std::move(invocation.answer));
     return answers;
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <curl/curl.h>
+#include <memory>
 #include <strings.h>
 
 namespace VQ::Tool
@@ -267,8 +268,8 @@ private:
 };
 }
 
-void converse(const std::vector<Server>& servers, const std::vector<std::unique_ptr<Conversation>>& conversations,
-              const Access& access, const Pace& pace)
+void converse(const std::vector<Server>& servers, const std::vector<Conversation*>& conversations, const Access& access,
+              const Pace& pace)
 {
     curl_global_init(CURL_GLOBAL_DEFAULT); // here, since it takes its time: what was saved is shown without
     Progress progress(servers.size());

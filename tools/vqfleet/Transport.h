@@ -4,8 +4,8 @@
 #include "tools/vqfleet/ServerList.h"
 
 #include <cstddef>
+#include <deque>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -51,7 +51,20 @@ constexpr std::size_t MaxAnswerSize = 32u << 20;
 /// The failures' codes tell what went wrong without a CIM server to say it: NAME_NOT_FOUND, UNREACHABLE, TIMED_OUT,
 /// TLS_FAILED, WRONG_PASSWORD, NOT_A_CIM_SERVER, CUT_OFF, TOO_LARGE, NO_CIM_ANSWER. Throws LoadError where the network
 /// library does not work at all.
-void converse(const std::vector<Server>& servers, const std::vector<std::unique_ptr<Conversation>>& conversations,
-              const Access& access, const Pace& pace);
+void converse(const std::vector<Server>& servers, const std::vector<Conversation*>& conversations, const Access& access,
+              const Pace& pace);
+
+/// The conversations of this kind with the servers, each made of its server and the facts, after they have ended.
+template <class Kind, class... Facts>
+std::deque<Kind> ended(const std::vector<Server>& servers, const Access& access, const Pace& pace,
+                       const Facts&... facts)
+{
+    std::deque<Kind> conversations;
+    std::vector<Conversation*> all;
+    for (const Server& server : servers)
+        all.push_back(&conversations.emplace_back(server, facts...));
+    converse(servers, all, access, pace);
+    return conversations;
+}
 
 }
