@@ -33,6 +33,15 @@ finish()
     exit 0
 }
 
+# check_c_library DEB FILE...: the package asks for a C library that has all that its programs and libraries call.
+check_c_library()
+{
+    local promised newest
+    promised=$(dpkg-deb -f "$1" Depends | sed -n 's/.*libc6 (>= \([0-9.]*\)).*/\1/p')
+    newest=$(printf '%s\n' "${@:2}" | xargs -n1 objdump -T | sed -n 's/.*GLIBC_\([0-9.]*\).*/\1/p' | sort -uV | tail -1)
+    check "C library, oldest that will do" "$promised" "$(printf '%s\n' "${newest:-none was looked at}" "$promised" | sort -V | tail -1)"
+}
+
 if [ "$cim_library" = openpegasus ]; then package=systemprovider; else package=systemprovider-standalone; fi
 if [ "$pointer_size" = 4 ]; then deb_architecture=i386 rpm_architecture=i686; else deb_architecture=amd64 rpm_architecture=x86_64; fi
 deb=$package_dir/${package}_${version}_$deb_architecture.deb

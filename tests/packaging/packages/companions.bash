@@ -17,8 +17,6 @@ for library in ipmi xen; do
     check "one summary" 1 "$(field Description | grep -cE 'in the inventory of SystemProvider|built using')"
     check "width" "7f454c460$class" "$(od -An -tx1 -N5 "$root$file" | tr -d ' ')"
     check "libraries that it needs" libc.so.6 "$("$readelf" -dW "$root$file" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p')"
-    newest=$(objdump -T "$root$file" | sed -n 's/.*GLIBC_\([0-9.]*\).*/\1/p' | sort -uV | tail -1)
-    promised=$(field Depends | sed -n 's/.*libc6 (>= \([0-9.]*\)).*/\1/p')
-    check "C library, oldest that will do" "$promised" "$(printf '%s\n' "$newest" "$promised" | sort -V | tail -1)"
+    check_c_library "$deb" "$root$file"
 done
 finish

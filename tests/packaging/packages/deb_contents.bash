@@ -33,10 +33,8 @@ for library in $(needed | grep -vE "$from_elsewhere"); do
     [ -e "$root$module_dir/$library" ] || unexplained="$unexplained $library"
 done
 check "libraries that no dependency explains" "" "$unexplained"
-# The newest version of the C library that is asked for is not newer than the dependency says.
-newest=$(find "$root" -name '*.so' -o -name '*.so.[0-9]*' -o -path '*/bin/vqinventory' | xargs -n1 objdump -T | sed -n 's/.*GLIBC_\([0-9.]*\).*/\1/p' | sort -uV | tail -1)
-promised=$(field Depends | sed -n 's/.*libc6 (>= \([0-9.]*\)).*/\1/p')
-check "C library, oldest that will do" "$promised" "$(printf '%s\n' "$newest" "$promised" | sort -V | tail -1)"
+mapfile -t programs < <(find "$root" -name '*.so' -o -name '*.so.[0-9]*' -o -path '*/bin/vqinventory')
+check_c_library "$deb" "${programs[@]}"
 
 class=$((pointer_size == 4 ? 1 : 2))
 for file in "$root$module_dir"/*.so "$root$module_dir"/from-dump/*.so "$root$lib/libsystemprovider_load.so.$version" "$root$bin/vqinventory"; do

@@ -30,9 +30,7 @@ check "one summary" "hardware inventory of many machines, asked over the network
 check "dependencies" "libc6, libcurl4, libgcc-s1, libpugixml1v5, libstdc++6" "$(field Depends | sed 's/ ([^)]*)//g')"
 check "libraries that it needs" "libc.so.6 libcurl.so.4 libgcc_s.so.1 libpugixml.so.1 libstdc++.so.6" \
     "$(needed "$root" | grep -vE '^(libm\.so\.6|ld-linux.*)$' | tr '\n' ' ' | sed 's/ $//')"
-newest=$(objdump -T "$root$bin/vqfleet" | sed -n 's/.*GLIBC_\([0-9.]*\).*/\1/p' | sort -uV | tail -1)
-promised=$(field Depends | sed -n 's/.*libc6 (>= \([0-9.]*\)).*/\1/p')
-check "C library, oldest that will do" "$promised" "$(printf '%s\n' "$newest" "$promised" | sort -V | tail -1)"
+check_c_library "$fleet_deb" "$root$bin/vqfleet"
 
 # Out of the package it works without anything of the managed machines' package.
 unset LD_LIBRARY_PATH
