@@ -19,4 +19,5 @@ TEST(CimText, TakesTextOfAnyLength)
     const Pegasus::String cim = VQ::make_String(text);
     ASSERT_EQ(cim.size(), 70002u);
     EXPECT_EQ(VQ::make_string(cim), text);
+    EXPECT_EQ(VQ::make_String(std::string(70000, 'x')).size(), 70000u); // plain ASCII goes a way of its own
 }

@@ -120,6 +120,19 @@ TEST(Load, PlainFunctionsReadTheDumpWithoutAnInventory)
     EXPECT_EQ(systemProviderFunctions(module.get())->getSlotCount(), 2);
 }
 
+// The accessor says the date on standard output, too, so the library does not ask it.
+TEST(Load, GivesTheDateOfTheBiosAsItsAccessorWritesIt)
+{
+    const TemporaryFile dump(fullTable());
+    const Module module = open(dump.path());
+    const Inventory inventory = read(module);
+    ASSERT_NE(inventory, nullptr) << systemProviderError();
+    char date[32];
+    systemProviderFunctions(module.get())->getBiosReleaseDate(date);
+    EXPECT_STREQ(systemProviderBios(inventory.get())->releaseDate, date);
+    EXPECT_STRNE(date, "00000000000000.000000+000");
+}
+
 TEST(Load, GivesListsAsArrays)
 {
     TableBuilder table;

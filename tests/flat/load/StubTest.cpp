@@ -4,14 +4,18 @@
 #include "flat/systemprovider_load.h"
 #include "support/smbios/HostSource.h"
 #include "support/smbios/SmBios.h"
+#include "tests/flat/load/GuardedMemory.h"
 #include "tests/flat/load/StubFlat.h"
+#include "tests/testing/EntryPoints.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace
@@ -20,6 +24,7 @@ const std::string Beside = VQ_BESIDE;
 const std::string Installed = VQ_INSTALLED;
 
 bool tableFails = false;
+VQ::RawTables tables;
 bool placeIsUnknown = false;
 
 using Module = std::unique_ptr<SystemProvider, void (*)(SystemProvider*)>;
@@ -88,7 +93,7 @@ VQ::RawTables tablesOfTheTest(const VQ::HostPaths& paths)
 {
     if (tableFails)
         throw VQ::SmBiosError(paths.tablesDirectory + " is damaged");
-    return {};
+    return tables;
 }
 
 int placeInTheTest(const void* address, Dl_info* info)
@@ -274,6 +279,30 @@ TEST(StubFailure, OfTheMachinesTableIsTold)
     EXPECT_EQ(read(module), nullptr);
     tableFails = false;
     EXPECT_STREQ(systemProviderError(), "/sys/firmware/dmi/tables is damaged");
+}
+
+// The room for a list is asked for whole, however little of its number 32 bits would hold.
+TEST(StubFailure, OfRoomForMoreThan4GibibytesOfOptionsIsALackOfMemory)
+{
+    if (!GuardsMemory)
+        GTEST_SKIP() << "the address sanitizer keeps no process below a limit";
+    VQ::Buffer& structures = tables.structures;
+    structures = {12, 5, 0, 0, 254, 0, 0}; // 254 options of 9 bytes and more
+    for (int doubling = 0; doubling < 21; ++doubling) {
+        const VQ::Buffer half = structures;
+        structures.insert(structures.end(), half.begin(), half.end());
+    }
+    const Bytes entryPoint = entryPoint64(0, static_cast<std::uint32_t>(structures.size()));
+    tables.entryPoint.assign(entryPoint.begin(), entryPoint.end());
+    const Module module = open(Installed);
+    rlimit limit = {};
+    ASSERT_EQ(getrlimit(RLIMIT_AS, &limit), 0);
+    const rlimit lower = {std::min<rlim_t>(limit.rlim_max, 3u << 30), limit.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_AS, &lower), 0);
+    EXPECT_EQ(read(module), nullptr);
+    EXPECT_STREQ(systemProviderError(), "not enough memory");
+    setrlimit(RLIMIT_AS, &limit);
+    tables = {};
 }
 
 TEST(StubFailure, OfInitOverTheMachineNamesTheTable)

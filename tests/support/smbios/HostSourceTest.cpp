@@ -396,6 +396,20 @@ TEST_F(Sysfs, InterruptedOpeningIsTriedAgain)
     EXPECT_EQ(platform.opened.size(), 4u);
 }
 
+TEST_F(Sysfs, FilesMayHaveTheFirstDescriptor)
+{
+    offerSmallTable();
+    const int input = dup(0);
+    close(0);
+    std::size_t structures = 0;
+    EXPECT_NO_THROW(structures = SmBios().getTables().size());
+    const bool closed = fcntl(0, F_GETFD) < 0;
+    dup2(input, 0);
+    close(input);
+    EXPECT_EQ(structures, 2u);
+    EXPECT_TRUE(closed);
+}
+
 TEST_F(Sysfs, SizeThatTheFileSystemClaimsIsNotAllocatedBeforeTheBytesCome)
 {
     offerSmallTable();
@@ -665,6 +679,8 @@ TEST_F(Memory, EndOfAFileIsNoInterruptionWhateverFailedBefore)
     errno = EINTR;
     EXPECT_EQ(file.readAt(4, 100).size(), 6u);
     EXPECT_EQ(file.readAll(100).size(), 10u);
+    errno = EFAULT; // nor a reason to map what is not there
+    EXPECT_EQ(file.readAt(4, 100).size(), 6u);
 }
 
 TEST_F(Memory, TableThatCannotBeReadIsMapped)
@@ -681,6 +697,20 @@ TEST_F(Memory, TableThatCannotBeReadIsMapped)
     ASSERT_EQ(smBios.getTables().size(), 2u);
     EXPECT_STREQ(smBios.getTables()[0].getString(1), "A text of some length");
     EXPECT_EQ(platform.mapped, 0);
+}
+
+TEST_F(Memory, MappedTableOfMoreThan64KilobytesIsWhole)
+{
+    const Bytes table = tableOfSize(200000);
+    place(0x110000, table);
+    place(0xF1230, entryPoint64(0x110000, static_cast<std::uint32_t>(table.size())));
+    offer();
+    Platform platform;
+    platform.preadError = EFAULT;
+    platform.preadErrorFrom = 0x100000;
+    const SmBios smBios;
+    ASSERT_EQ(smBios.getTables().size(), 1u);
+    EXPECT_EQ(smBios.getTables()[0].getData(), table);
 }
 
 TEST_F(Memory, TableThatCanNeitherBeReadNorMappedIsAnError)

@@ -182,6 +182,18 @@ TEST(Structures, NumberOf65535IsReadInLinearTime)
     EXPECT_LT(taken.count(), 10.0);
 }
 
+// A list that grew by itself would have twice the room, and be held twice while it grew.
+TEST(Structures, OfALargeTableHaveRoomForThemAndNoMore)
+{
+    constexpr std::size_t count = 70000;
+    TableBuilder table;
+    for (std::size_t i = 0; i < count; ++i)
+        table.type(9);
+    const Tables tables = parse(table.structures());
+    EXPECT_EQ(tables.size(), count);
+    EXPECT_EQ(tables.capacity(), count);
+}
+
 TEST(Structures, OneStructureOfManyStringsIsReadInLinearTime)
 {
     TableBuilder table;
