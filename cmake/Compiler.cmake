@@ -23,7 +23,8 @@ target_compile_options(vq_warnings INTERFACE -Wall -Wextra -Wpedantic
     $<$<BOOL:${VQ_WARNINGS_AS_ERRORS}>:-Werror>)
 
 if(VQ_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # Of the debug information the lines, which is what the sanitizers' reports name.
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
     add_link_options(-fsanitize=address,undefined)
 endif()
 

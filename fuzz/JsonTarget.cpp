@@ -8,6 +8,7 @@
 #include "tools/core/Saved.h"
 #include "tools/formats/Formats.h"
 #include "tools/program/Errors.h"
+#include "tools/program/Output.h"
 #include "tools/program/SavedFile.h"
 
 #include <algorithm>
@@ -16,6 +17,8 @@
 #include <vector>
 
 using namespace VQ::Tool;
+
+const char* const VQ::Tool::ProgramName = "fuzz";
 
 namespace
 {
