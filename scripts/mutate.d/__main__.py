@@ -45,7 +45,8 @@ def arguments():
     parser.add_argument("--list", action="store_true", help="show the mutants, run nothing")
     parser.add_argument("--kinds", default=",".join(mutations.KINDS), help="only these kinds: %(default)s")
     parser.add_argument("--per-line", type=int, default=2, metavar="N",
-                        help="try at most N mutants of a line, of different kinds where it has them (2; 0: all)")  # fmt: skip
+                        help="try at most N mutants of a line, of different kinds where it has them, and one of a header's "
+                        "(2; 0: all, of a header's, too)")  # fmt: skip
     parser.add_argument("--sample", type=int, metavar="N", help="try only N mutants, drawn at random")
     parser.add_argument("--seed", type=int, default=1, help="of the sample (1)")
     parser.add_argument("--programs", default="", metavar="EXPRESSION", help="run only the test programs of these names")
@@ -112,17 +113,18 @@ class Record:
 
 
 def thinned(wanted, most):
-    """At most so many mutants of each line: of different kinds first, and another kind first from line to line."""
+    """At most so many mutants of each line, and one of a header's, for which much is built: of different kinds first, and
+    another kind first from line to line."""
     by_line = collections.defaultdict(list)
     for mutation in wanted:
         by_line[mutation.path, mutation.line].append(mutation)
     kept = set()
-    for of_line in by_line.values():
+    for (path, _), of_line in by_line.items():
         by_kind = collections.defaultdict(list)
         for mutation in sorted(of_line, key=lambda one: zlib.crc32(repr(one.key).encode())):
             by_kind[mutation.kind].append(mutation)
         in_turn = itertools.chain(*itertools.zip_longest(*by_kind.values()))
-        kept.update(mutation.key for mutation in list(filter(None, in_turn))[:most])
+        kept.update(mutation.key for mutation in list(filter(None, in_turn))[: 1 if path.endswith(".h") else most])
     return [mutation for mutation in wanted if mutation.key in kept]
 
 
