@@ -1,0 +1,1 @@
+// A program without tests, with which GoogleTest's header is compiled for all the others.
