@@ -61,6 +61,7 @@ std::deque<Kind> ended(const std::vector<Server>& servers, const Access& access,
 {
     std::deque<Kind> conversations;
     std::vector<Conversation*> all;
+    all.reserve(servers.size());
     for (const Server& server : servers)
         all.push_back(&conversations.emplace_back(server, facts...));
     converse(servers, all, access, pace);

@@ -231,7 +231,7 @@ TEST(Load, TakesMoreThan65536ConfigurationOptions)
     const SystemProviderTexts& options = *systemProviderConfigurationOptions(inventory.get());
     ASSERT_EQ(options.count, 260u * 254 + 1);
     EXPECT_STREQ(options.values[0], "");
-    EXPECT_STREQ(options.values[260 * 254], "the last");
+    EXPECT_STREQ(options.values[std::size_t{260} * 254], "the last");
 }
 
 TEST(Load, Takes254Languages)
