@@ -54,6 +54,17 @@ private:
     uid_t _user;
 };
 
+// Memory from 1 MiB on can't be read, as on a 32-bit kernel; it can be mapped.
+class Unreadable : public Platform
+{
+public:
+    Unreadable()
+    {
+        preadError = EFAULT;
+        preadErrorFrom = 0x100000;
+    }
+};
+
 class Places : public testing::Test
 {
 protected:
@@ -690,9 +701,7 @@ TEST_F(Memory, TableThatCannotBeReadIsMapped)
     place(unaligned, table);
     place(0xF1230, entryPoint32(unaligned, static_cast<std::uint16_t>(table.size()), 2));
     offer();
-    Platform platform;
-    platform.preadError = EFAULT;
-    platform.preadErrorFrom = 0x100000;
+    Unreadable platform;
     const SmBios smBios;
     ASSERT_EQ(smBios.getTables().size(), 2u);
     EXPECT_STREQ(smBios.getTables()[0].getString(1), "A text of some length");
@@ -705,9 +714,7 @@ TEST_F(Memory, MappedTableOfMoreThan64KilobytesIsWhole)
     place(0x110000, table);
     place(0xF1230, entryPoint64(0x110000, static_cast<std::uint32_t>(table.size())));
     offer();
-    Platform platform;
-    platform.preadError = EFAULT;
-    platform.preadErrorFrom = 0x100000;
+    Unreadable platform;
     const SmBios smBios;
     ASSERT_EQ(smBios.getTables().size(), 1u);
     EXPECT_EQ(smBios.getTables()[0].getData(), table);
@@ -718,9 +725,7 @@ TEST_F(Memory, TableThatCanNeitherBeReadNorMappedIsAnError)
     place(0x110000, smallTable().structures());
     place(0xF1230, entryPoint32(0x110000, 15, 2));
     offer();
-    Platform platform;
-    platform.preadError = EFAULT;
-    platform.preadErrorFrom = 0x100000;
+    Unreadable platform;
     platform.mmapError = EPERM;
     EXPECT_EQ(errorText(), "cannot read " + hostPaths.memoryDevice + ": Operation not permitted" + MemoryAdvice);
 }
@@ -736,9 +741,7 @@ TEST_F(Memory, TableAbove4GiBIsMappedThere)
 {
     place(0xF1230, entryPoint64(0x110001230, 15));
     offer();
-    Platform platform;
-    platform.preadError = EFAULT;
-    platform.preadErrorFrom = 0x100000;
+    Unreadable platform;
     platform.mmapError = EPERM;
     EXPECT_NE(errorText(), "no error");
     EXPECT_EQ(platform.mappedFrom, 0x110001000u);
