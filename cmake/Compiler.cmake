@@ -14,6 +14,8 @@ find_package(Threads REQUIRED)
 
 # A unique symbol would keep the loader from ever unloading the library that defines it.
 add_compile_options($<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
+# Nobody stands in for single functions of the project's libraries, so a library calls its own without a detour.
+add_compile_options(-fno-semantic-interposition)
 # Files are read and seeked by 64-bit offsets in both widths.
 add_compile_definitions(_FILE_OFFSET_BITS=64)
 
