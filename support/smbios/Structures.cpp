@@ -15,16 +15,26 @@ constexpr std::size_t HeaderSize = 4;
 constexpr unsigned char EndOfTable = 127;
 constexpr std::size_t UsualCount = 1024; // few machines have more structures; those of a large table are counted first
 
-// Past the two zero bytes that end a string set; null when there are none. There are strings until one is followed by a
-// second zero byte.
-inline const unsigned char* endOfStrings(const unsigned char* strings, const unsigned char* end)
+// A place to stop at: past the last zero byte, since no structure ends behind it. A search for a zero byte that begins
+// before it ends before it, too.
+const unsigned char* endOfTexts(const unsigned char* data, std::size_t size)
 {
-    const auto zeroFrom = [end](const unsigned char* from) {
-        return static_cast<const unsigned char*>(std::memchr(from, 0, static_cast<std::size_t>(end - from)));
-    };
-    for (const unsigned char* zero = zeroFrom(strings); zero && zero + 1 < end; zero = zeroFrom(zero + 1))
-        if (zero[1] == 0)
-            return zero + 2;
+    const auto* last = static_cast<const unsigned char*>(size > 0 ? memrchr(data, 0, size) : nullptr);
+    return last ? last + 1 : data;
+}
+
+// Past the two zero bytes that end a string set; null when there are none before `end`, which follows a zero byte.
+// There are strings until one is followed by a second zero byte.
+inline const unsigned char* endOfStrings(const unsigned char* text, const unsigned char* end)
+{
+    while (text < end) {
+        const unsigned char* next = text + 1;
+        if (*text != 0)
+            next += std::strlen(reinterpret_cast<const char*>(text));
+        if (next < end && *next == 0)
+            return next + 1;
+        text = next;
+    }
     return nullptr;
 }
 
@@ -50,7 +60,7 @@ std::size_t countFrom(const unsigned char* data, const unsigned char* end)
 std::vector<SmBios::Table> parseStructures(Buffer bytes, std::uint32_t maxCount)
 {
     const TableBytes table(std::move(bytes));
-    const unsigned char* const end = table.data() + table.size();
+    const unsigned char* const end = endOfTexts(table.data(), table.size());
     const unsigned char* structure = table.data();
     std::vector<SmBios::Table> structures;
     structures.reserve(UsualCount);
