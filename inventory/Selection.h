@@ -2,8 +2,6 @@
 
 #include "support/smbios/SmBios.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -17,13 +15,10 @@ namespace VQ
 template <class Record, class Reader> std::vector<Record> recordsOf(std::uint8_t type)
 {
     std::vector<Record> records;
-    const SmBios smBios;
-    const auto isOfType = [type](const SmBios::Table& table) { return table.getType() == type; };
-    const std::vector<SmBios::Table>& tables = smBios.getTables();
-    records.reserve(static_cast<std::size_t>(std::count_if(tables.begin(), tables.end(), isOfType)));
-    for (const SmBios::Table& table : tables)
-        if (isOfType(table))
-            records.push_back(Reader(table));
+    const SmBios smBios{type};
+    records.reserve(smBios.getTables().size());
+    for (const SmBios::Table& table : smBios.getTables())
+        records.push_back(Reader(table));
     return records;
 }
 

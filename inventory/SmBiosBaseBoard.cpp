@@ -42,10 +42,8 @@ std::vector<BaseBoard> GetBaseBoardInstances()
 std::vector<std::string> getConfigurationOptions()
 {
     std::vector<std::string> options;
-    const SmBios smBios;
+    const SmBios smBios{12};
     for (const SmBios::Table& table : smBios.getTables()) {
-        if (table.getType() != 12)
-            continue;
         const TableType12 structure(table);
         const std::uint8_t count = structure.getByte(0x04); // Count
         // An 8-bit counter: with 255 options it wraps to 0, never passes the count, and the call does not return. That

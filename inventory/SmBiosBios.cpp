@@ -34,7 +34,7 @@ long numberAt(const std::string& text, std::size_t position)
 
 SmBiosBios::SmBiosBios()
 {
-    const SmBios smBios;
+    const SmBios smBios{0, 1, 13};
     SmBios::Table holder;
     _smBiosMajorVersion = smBios.getMajorVersion();
     _smBiosMinorVersion = smBios.getMinorVersion();

@@ -52,10 +52,9 @@ SmBiosFirmware::SmBiosFirmware(const SmBios::Table& oemStrings, unsigned int ind
 std::vector<Firmware> GetFirmwareInstances()
 {
     std::vector<Firmware> firmwares;
-    const SmBios smBios;
+    const SmBios smBios{11};
     for (const SmBios::Table& table : smBios.getTables())
-        if (table.getType() == 11)
-            appendFirmware(firmwares, TableType11(table));
+        appendFirmware(firmwares, TableType11(table));
     for (const Firmware& firmware : getIpmiFirmwareInstances())
         firmwares.push_back(firmware);
     return firmwares;

@@ -54,7 +54,9 @@ const std::vector<unsigned char>& SmBios::Table::getData() const
     return _table.isNone() ? none : _table.copyOf(data(), _size);
 }
 
-SmBios::SmBios()
+SmBios::SmBios() : SmBios(AllTypes) {}
+
+SmBios::SmBios(std::initializer_list<std::uint8_t> types)
 {
     RawTables raw = readRawTables();
     if (raw.entryPoint.empty())
@@ -63,7 +65,7 @@ SmBios::SmBios()
     _majorVersion = entryPoint.majorVersion;
     _minorVersion = entryPoint.minorVersion;
     raw.structures.resize(std::min<std::size_t>(raw.structures.size(), entryPoint.tableLength));
-    _tables = parseStructures(std::move(raw.structures), entryPoint.structureCount);
+    _tables = parseStructures(std::move(raw.structures), entryPoint.structureCount, types);
 }
 
 SmBios::~SmBios() = default;

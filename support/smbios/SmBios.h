@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -85,6 +86,8 @@ public:
     /// gives the structures before the first one that does not fit. Throws SmBiosError when the table is there but
     /// can't be read.
     SmBios();
+    /// The same with the structures of these types only; of all types where the list is empty.
+    SmBios(std::initializer_list<std::uint8_t> types);
     ~SmBios();
     SmBios(const SmBios&) = delete;
     SmBios& operator=(const SmBios&) = delete;

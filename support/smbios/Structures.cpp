@@ -2,6 +2,7 @@
 
 #include "support/smbios/TableBytes.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <utility>
@@ -57,7 +58,8 @@ std::size_t countFrom(const unsigned char* data, const unsigned char* end)
 }
 }
 
-std::vector<SmBios::Table> parseStructures(Buffer bytes, std::uint32_t maxCount)
+std::vector<SmBios::Table> parseStructures(Buffer bytes, std::uint32_t maxCount,
+                                           std::initializer_list<std::uint8_t> types)
 {
     const TableBytes table(std::move(bytes));
     const unsigned char* const end = endOfTexts(table.data(), table.size());
@@ -68,10 +70,12 @@ std::vector<SmBios::Table> parseStructures(Buffer bytes, std::uint32_t maxCount)
         const unsigned char* const next = endOfStructure(structure, end);
         if (!next)
             break;
-        // Room for what is left and no more: a large list that grows by itself is held twice while it does.
-        if (structures.size() == structures.capacity())
-            structures.reserve(structures.size() + countFrom(structure, end));
-        structures.emplace_back(table, structure, next);
+        if (types.size() == 0 || std::find(types.begin(), types.end(), structure[0]) != types.end()) {
+            // Room for what is left and no more: a large list that grows by itself is held twice while it does.
+            if (structures.size() == structures.capacity())
+                structures.reserve(structures.size() + countFrom(structure, end));
+            structures.emplace_back(table, structure, next);
+        }
         if (structure[0] == EndOfTable)
             break;
         structure = next;

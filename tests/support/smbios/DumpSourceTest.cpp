@@ -74,6 +74,16 @@ TEST(DumpSource, ServesADumpOfVersion20)
     EXPECT_STREQ(smBios.getTables()[0].getString(1), "L1");
 }
 
+TEST(DumpSource, ServesChosenTypes)
+{
+    const ServedTable served(smallTable());
+    const SmBios smBios{3, 127};
+    EXPECT_EQ(smBios.getMajorVersion(), 2);
+    EXPECT_EQ(smBios.getMinorVersion(), 4);
+    ASSERT_EQ(smBios.getTables().size(), 1u);
+    EXPECT_EQ(smBios.getTables()[0].getType(), 127);
+}
+
 TEST(DumpSource, ReadsTheFileAnewForEachReader)
 {
     ServedTable served(smallTable());

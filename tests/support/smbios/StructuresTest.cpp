@@ -18,9 +18,10 @@ using Types = std::vector<int>;
 constexpr std::uint32_t AnyCount = EntryPoint::NoCount;
 
 // From a copy without room to spare, so that the address sanitizer sees a read past its end.
-Tables parse(const Bytes& bytes, std::uint32_t maxCount = AnyCount)
+Tables parse(const Bytes& bytes, std::uint32_t maxCount = AnyCount,
+             std::initializer_list<std::uint8_t> types = AllTypes)
 {
-    return parseStructures(Buffer(bytes.begin(), bytes.end()), maxCount);
+    return parseStructures(Buffer(bytes.begin(), bytes.end()), maxCount, types);
 }
 
 Types typesOf(const Tables& tables)
@@ -140,6 +141,25 @@ TEST(Structures, OfAnyTypeAreKept)
     TableBuilder table;
     table.type(126).type(128).type(255).type(0);
     EXPECT_EQ(typesOf(table), (Types{126, 128, 255, 0}));
+}
+
+TEST(Structures, OfChosenTypesComeInTheOrderOfTheTable)
+{
+    TableBuilder table;
+    table.type(8).string(0x04, "J1").type(7).type(9).string(0x04, "S1").type(8).type(127).type(8);
+    const Tables tables = parse(table.structures(), AnyCount, {9, 8});
+    EXPECT_EQ(typesOf(tables), (Types{8, 9, 8}));
+    EXPECT_STREQ(tables.at(1).getString(1), "S1");
+    EXPECT_EQ(typesOf(parse(table.structures(), AnyCount, {127})), Types{127});
+    EXPECT_TRUE(parse(table.structures(), AnyCount, {3}).empty());
+}
+
+TEST(Structures, OfOtherTypesCountAmongTheAnnounced)
+{
+    TableBuilder table;
+    table.type(8).type(7).type(7).type(8);
+    EXPECT_EQ(typesOf(parse(table.structures(), 3, {8})), Types{8});
+    EXPECT_EQ(typesOf(parse(table.structures(), 4, {8})), (Types{8, 8}));
 }
 
 TEST(Structures, SameHandleTwiceIsKeptTwice)
