@@ -33,6 +33,13 @@ void Prototype::add(const Property& property, bool literal)
                                   literal ? keyText(property.value) : String(), property.key->type));
 }
 
+void InstanceAssembly::begin()
+{
+    _instance = _prototype.instance.clone();
+    _next = 0;
+    _nextKey = 0;
+}
+
 void InstanceAssembly::keep(const Property& property)
 {
     ++_next;

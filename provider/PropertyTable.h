@@ -103,23 +103,25 @@ struct Prototype
     Pegasus::Array<Pegasus::CIMKeyBinding> keys; ///< in the order of their properties
 };
 
-/// One instance in the making, property by property in their order. Its path has no host and no namespace.
+/// Makes instances one after the other, each property by property in their order. Their paths have no host and no
+/// namespace.
 class InstanceAssembly
 {
 public:
-    explicit InstanceAssembly(const Prototype& prototype) : _instance(prototype.instance.clone()), _keys(prototype.keys)
-    {
-    }
+    explicit InstanceAssembly(const Prototype& prototype) : _prototype(prototype), _keys(prototype.keys) {}
 
+    void begin();
     /// Leaves the next property as the prototype has it.
     void keep(const Property& property);
     /// Gives the next property a value, or leaves it out where that is null.
     void set(const Property& property, const Pegasus::CIMValue& value);
+    /// The whole instance, with this class name in its path.
     void deliver(const Pegasus::CIMName& className, Pegasus::InstanceResponseHandler& handler);
 
 private:
+    const Prototype& _prototype;
     Pegasus::CIMInstance _instance;
-    Pegasus::Array<Pegasus::CIMKeyBinding> _keys;
+    Pegasus::Array<Pegasus::CIMKeyBinding> _keys; // those of the last instance, which the next one overwrites
     Pegasus::Uint32 _next = 0;
     Pegasus::Uint32 _nextKey = 0;
 };
@@ -138,28 +140,36 @@ public:
     /// Builds the record's instance, row by row, and hands it to the client.
     void deliver(const Record& record, const Request& request, Pegasus::InstanceResponseHandler& handler) const
     {
-        InstanceAssembly instance(_prototype);
-        for (const Row<Record>& row : _rows) {
-            if (row.rule)
-                instance.set(row, row.rule(record, request));
-            else
-                instance.keep(row);
-        }
-        instance.deliver(request.className, handler);
+        InstanceAssembly assembly(_prototype);
+        deliver(assembly, record, request, handler);
     }
 
     /// The same for each record, in their order.
     void deliverEach(const std::vector<Record>& records, const Pegasus::String& requestedClass,
                      Pegasus::InstanceResponseHandler& handler) const
     {
+        InstanceAssembly assembly(_prototype);
         Request request(requestedClass);
         for (const Record& record : records) {
-            deliver(record, request, handler);
+            deliver(assembly, record, request, handler);
             ++request.index;
         }
     }
 
 private:
+    void deliver(InstanceAssembly& assembly, const Record& record, const Request& request,
+                 Pegasus::InstanceResponseHandler& handler) const
+    {
+        assembly.begin();
+        for (const Row<Record>& row : _rows) {
+            if (row.rule)
+                assembly.set(row, row.rule(record, request));
+            else
+                assembly.keep(row);
+        }
+        assembly.deliver(request.className, handler);
+    }
+
     std::vector<Row<Record>> _rows;
     Prototype _prototype;
 };
