@@ -14,6 +14,8 @@ const Char16 Backslash('\\');
 
 String escaped(const String& value)
 {
+    if (value.find(Quote) == PEG_NOT_FOUND && value.find(Backslash) == PEG_NOT_FOUND)
+        return value;
     String text;
     for (Uint32 i = 0; i < value.size(); ++i) {
         if (value[i] == Quote || value[i] == Backslash)
@@ -28,11 +30,13 @@ bool before(const CIMKeyBinding& a, const CIMKeyBinding& b)
     return String::compareNoCase(a.getName().getString(), b.getName().getString()) < 0;
 }
 
-String written(const CIMKeyBinding& key)
+void write(const CIMKeyBinding& key, String& text)
 {
-    const bool quoted = key.getType() == CIMKeyBinding::STRING || key.getType() == CIMKeyBinding::REFERENCE;
-    const String quote(quoted ? "\"" : "");
-    return key.getName().getString() + String("=") + quote + escaped(key.getValue()) + quote;
+    text.append(key.getName().getString()).append(Char16('='));
+    if (key.getType() == CIMKeyBinding::STRING || key.getType() == CIMKeyBinding::REFERENCE)
+        text.append(Quote).append(escaped(key.getValue())).append(Quote);
+    else
+        text.append(escaped(key.getValue()));
 }
 }
 
@@ -80,8 +84,10 @@ String CIMObjectPath::toString() const
     if (host_.size() != 0 || !nameSpace_.isNull())
         text.append(nameSpace_.getString()).append(Char16(':'));
     text.append(className_.getString());
-    for (Uint32 i = 0; i < keyBindings_.size(); ++i)
-        text.append(Char16(i == 0 ? '.' : ',')).append(written(keyBindings_[i]));
+    for (Uint32 i = 0; i < keyBindings_.size(); ++i) {
+        text.append(Char16(i == 0 ? '.' : ','));
+        write(keyBindings_[i], text);
+    }
     return text;
 }
 

@@ -161,6 +161,8 @@ const Char16* String::data() const
 CString String::getCString() const
 {
     const Char16* const units = data();
+    if (std::all_of(units, units + size(), [](Uint16 unit) { return unit < 0x80; })) // nearly all text
+        return CString(std::string(units, units + size()));
     std::string utf8;
     utf8.reserve(size());
     for (Uint32 i = 0; i < size(); ++i) {
