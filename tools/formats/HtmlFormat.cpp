@@ -227,13 +227,13 @@ std::string glossaryHtml(Templates& templates)
         Data properties(Data::type::list);
         for (const SchemaProperty& property : known->properties) {
             Data row;
-            row["name"] = property.name;
+            row["name"] = std::string(property.name);
             row["key"] = property.isKey;
             row["meaning"] = property.description;
             properties << row;
         }
         Data one;
-        one["name"] = known->name;
+        one["name"] = std::string(known->name);
         one["description"] = known->description;
         one["properties"] = std::move(properties);
         classes << one;

@@ -4,6 +4,7 @@
 #include "tools/knowledge/Classes.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace VQ::Tool
 {
@@ -14,28 +15,30 @@ constexpr const char* Margin = "    ";
 constexpr const char* KeyMargin = "  * ";
 
 // One line, or for a list of more than one element as many, the further ones below the first.
-std::string propertyText(const std::string& className, const Property& property, std::size_t nameWidth)
+void appendProperty(std::string& text, const std::string& className, const Property& property, std::size_t nameWidth)
 {
     const std::string name = printable(property.name);
-    std::string text = (property.isKey ? KeyMargin : Margin) + name + std::string(nameWidth - name.size() + 2, ' ');
-    if (property.value.isNull)
-        return text + "(null)\n";
-    if (property.value.elements.empty())
-        return text + "(empty list)\n";
-    const std::string indent(std::string(Margin).size() + nameWidth + 2, ' ');
-    for (std::size_t i = 0; i < property.value.elements.size(); ++i)
-        text += (i == 0 ? "" : indent) + valueText(className, property.name, property.value.elements[i]) + "\n";
-    return text;
+    text += property.isKey ? KeyMargin : Margin;
+    text += name;
+    text.append(nameWidth - name.size() + 2, ' ');
+    if (property.value.isNull || property.value.elements.empty()) {
+        text += property.value.isNull ? "(null)\n" : "(empty list)\n";
+        return;
+    }
+    for (std::size_t i = 0; i < property.value.elements.size(); ++i) {
+        if (i > 0)
+            text.append(std::strlen(Margin) + nameWidth + 2, ' ');
+        text += valueText(className, property.name, property.value.elements[i]);
+        text += '\n';
+    }
 }
 
-std::string instanceText(const std::string& className, const Instance& instance, std::size_t nameWidth)
+void appendInstance(std::string& text, const std::string& className, const Instance& instance, std::size_t nameWidth)
 {
-    std::string text;
     for (const bool keys : {true, false})
         for (const Property& property : instance.properties)
             if (property.isKey == keys)
-                text += propertyText(className, property, nameWidth);
-    return text;
+                appendProperty(text, className, property, nameWidth);
 }
 
 std::size_t widestName(const Answer& answer)
@@ -63,9 +66,12 @@ std::string sectionText(const Answer& answer, const Machine& machine)
     std::string text = heading(answer);
     if (answer.ofAskedMachine)
         text += "  (of " + printable(machine.askedMachine) + ", which read the dump: a dump holds nothing of this)\n";
+    const std::string className = canonicalClassName(answer.className);
     const std::size_t nameWidth = widestName(answer);
-    for (const Instance& instance : answer.instances)
-        text += "\n" + instanceText(canonicalClassName(answer.className), instance, nameWidth);
+    for (const Instance& instance : answer.instances) {
+        text += '\n';
+        appendInstance(text, className, instance, nameWidth);
+    }
     return text;
 }
 

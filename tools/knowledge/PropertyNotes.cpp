@@ -38,7 +38,7 @@ std::string hexadecimal(std::uint64_t number)
 std::string unitOf(const std::string& className, const std::string& property)
 {
     const SchemaProperty* known = schemaProperty(className, property);
-    if (!known)
+    if (!known || *known->unit == '\0')
         return "";
     const auto found = UnitTexts.find(known->unit);
     return found == UnitTexts.end() ? known->unit : found->second;

@@ -10,7 +10,7 @@ namespace
 template <class Element> const Element* find(const List<Element>& list, const std::string& name)
 {
     for (const Element& element : list)
-        if (strcasecmp(element.name, name.c_str()) == 0)
+        if (element.name.size() == name.size() && strcasecmp(element.name.data(), name.c_str()) == 0)
             return &element;
     return nullptr;
 }

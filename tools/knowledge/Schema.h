@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace VQ::Tool
 {
@@ -28,7 +29,7 @@ struct SchemaCode
 
 struct SchemaProperty
 {
-    const char* name;
+    std::string_view name;
     const char* type; ///< of CIM: "uint16", "string", "datetime"...; of a list: of its elements
     bool isList;
     bool isKey;
@@ -40,7 +41,7 @@ struct SchemaProperty
 
 struct SchemaClass
 {
-    const char* name;
+    std::string_view name;
     const char* description;
     List<SchemaProperty> properties;
 };

@@ -139,6 +139,7 @@ Instance toInstance(const CIMInstance& instance)
 {
     Instance result = toInstance(instance.getPath());
     const Array<CIMKeyBinding>& keys = instance.getPath().getKeyBindings();
+    result.properties.reserve(instance.getPropertyCount());
     for (Uint32 i = 0; i < instance.getPropertyCount(); ++i) {
         const CIMConstProperty property = instance.getProperty(i);
         result.properties.push_back(
