@@ -82,6 +82,19 @@ void checkStructures(const unsigned char* data, std::size_t size)
     checkTables(parseStructures({data, data + size}, EntryPoint::NoCount), data, size);
 }
 
+// A reader of some types has what a reader of all has, without the others.
+void checkChoice(const std::vector<SmBios::Table>& all)
+{
+    const SmBios some{0, 7, 127};
+    auto next = some.getTables().begin();
+    for (const SmBios::Table& table : all)
+        if (table.getType() == 0 || table.getType() == 7 || table.getType() == 127) {
+            require(next != some.getTables().end() && next->getData() == table.getData(), "a chosen type is there");
+            ++next;
+        }
+    require(next == some.getTables().end(), "no other type is there");
+}
+
 void checkReader(const unsigned char* data, std::size_t entryPointSize, std::size_t size)
 {
     input.origin = "input";
@@ -96,6 +109,7 @@ void checkReader(const unsigned char* data, std::size_t entryPointSize, std::siz
             require(smBios.getTables().size() <= entryPoint.structureCount, "no more structures than announced");
         }
         checkTables(smBios.getTables(), data + entryPointSize, size - entryPointSize);
+        checkChoice(smBios.getTables());
     } catch (const SmBiosError& error) {
         require(!readable, "a valid entry point is read");
         require(std::strstr(error.what(), "input: no SMBIOS entry point") == error.what(), "the error tells the file");
