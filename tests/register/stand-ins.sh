@@ -15,6 +15,13 @@ work=$server/.vq-register
 instances=$server/repository/root#PG_InterOp/instances
 usage_line="usage: vq-register [options] register|unregister|repair|status|doctor"
 
+# The commands of an OpenPegasus that the caller works with are not in the way of the stand-ins.
+IFS=: read -ra directories <<<"$PATH"
+PATH=
+for directory in "${directories[@]}"; do
+    [ -e "$directory/cimcli" ] && [ ! -e "$directory/env" ] || PATH+=${PATH:+:}$directory
+done
+
 # A server with nothing registered, which does not run. Its commands are the only ones of their names on PATH, and for
 # them everybody is root.
 fresh_server()
