@@ -311,6 +311,13 @@ TEST_F(Tool, TellsTextsOfFirmwareFromItsOwnWords)
     EXPECT_TRUE(contains(chassis, "    SerialNumber       a\\\\x1Bb\n")) << chassis;
 }
 
+TEST_F(Tool, DoublesABackslashInQuotesToo)
+{
+    const TemporaryFile odd{TableBuilder().type(3).string(0x04, " a\\b").length(0x09)};
+    const std::string chassis = runTool({"chassis", "--from-dump", odd.name()}).output;
+    EXPECT_TRUE(contains(chassis, "    Manufacturer       \" a\\\\b\"\n")) << chassis;
+}
+
 TEST_F(Tool, WritesTheDayOfTheFirmwareWithoutATime)
 {
     EXPECT_TRUE(contains(run({"bios"}).output, "    ReleaseDate            20050623000000.000000+000 (2005-06-23)\n"));

@@ -11,8 +11,6 @@ namespace
 {
 std::string escaped(const std::string& text, char escapedToo)
 {
-    if (text.find('\\') == std::string::npos && text.find(escapedToo) == std::string::npos)
-        return text;
     std::string result;
     for (const char c : text) {
         if (c == '\\' || c == escapedToo)
