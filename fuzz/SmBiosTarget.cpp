@@ -6,7 +6,9 @@
 #include "support/smbios/Structures.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <memory>
 
 using namespace VQ;
@@ -85,10 +87,11 @@ void checkStructures(const unsigned char* data, std::size_t size)
 // A reader of some types has what a reader of all has, without the others.
 void checkChoice(const std::vector<SmBios::Table>& all)
 {
-    const SmBios some{0, 7, 127};
+    static constexpr std::initializer_list<std::uint8_t> Types = {0, 7, 127};
+    const SmBios some(Types);
     auto next = some.getTables().begin();
     for (const SmBios::Table& table : all)
-        if (table.getType() == 0 || table.getType() == 7 || table.getType() == 127) {
+        if (std::find(Types.begin(), Types.end(), table.getType()) != Types.end()) {
             require(next != some.getTables().end() && next->getData() == table.getData(), "a chosen type is there");
             ++next;
         }
