@@ -113,7 +113,7 @@ public:
     void begin();
     /// Leaves the next property as the prototype has it.
     void keep(const Property& property);
-    /// Gives the next property a value, or leaves it out where that is null.
+    /// Gives the next property a value, or leaves it out where that is null. A key always has a value.
     void set(const Property& property, const Pegasus::CIMValue& value);
     /// The whole instance, with this class name in its path.
     void deliver(const Pegasus::CIMName& className, Pegasus::InstanceResponseHandler& handler);

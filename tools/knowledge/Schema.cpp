@@ -9,7 +9,7 @@ namespace
 {
 template <class Element> const Element* find(const List<Element>& list, const std::string& name)
 {
-    for (const Element& element : list)
+    for (const Element& element : list) // names are literals; most differ in length already
         if (element.name.size() == name.size() && strcasecmp(element.name.data(), name.c_str()) == 0)
             return &element;
     return nullptr;
