@@ -20,8 +20,7 @@
 
 namespace
 {
-const std::string Beside = VQ_BESIDE;
-const std::string Installed = VQ_INSTALLED;
+const std::string Stub = VQ_STUB;
 
 bool tableFails = false;
 VQ::RawTables tables;
@@ -114,7 +113,7 @@ protected:
     void SetUp() override { ASSERT_NE(_inventory, nullptr) << systemProviderError(); }
 
     Variable _zone{"TZ", "XYZ-1:30"}; // of the date of the BIOS, which is made while the module is loaded
-    Inventory _inventory = read(open(Installed));
+    Inventory _inventory = read(open(Stub));
 };
 
 TEST_F(Fields, OfTheComputerSystem)
@@ -257,10 +256,13 @@ TEST_F(Fields, OfSlots)
 
 TEST(StubModule, IsThatOfTheInstallationElseThatBesideTheLibrary)
 {
-    EXPECT_EQ(fileOf(open("")), Installed);
-    std::filesystem::rename(Installed, Installed + ".away");
-    EXPECT_EQ(fileOf(open("")), Beside);
-    std::filesystem::rename(Installed + ".away", Installed);
+    const std::filesystem::path beside = Stub, installed = beside.parent_path() / VQ_INSTALLED_MODULE;
+    std::filesystem::remove_all(installed.parent_path());
+    EXPECT_EQ(fileOf(open("")), beside);
+    std::filesystem::create_directory(installed.parent_path());
+    std::filesystem::copy_file(beside, installed);
+    EXPECT_EQ(fileOf(open("")), installed);
+    std::filesystem::remove_all(installed.parent_path());
     placeIsUnknown = true;
     EXPECT_EQ(fileOf(open("")), "cannot tell where this library stands: name the module");
     placeIsUnknown = false;
@@ -268,13 +270,13 @@ TEST(StubModule, IsThatOfTheInstallationElseThatBesideTheLibrary)
 
 TEST(StubModule, IsUnloadedWhenClosed)
 {
-    open(Installed);
-    EXPECT_EQ(dlopen(Installed.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
+    open(Stub);
+    EXPECT_EQ(dlopen(Stub.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
 }
 
 TEST(StubFailure, OfTheMachinesTableIsTold)
 {
-    const Module module = open(Installed);
+    const Module module = open(Stub);
     tableFails = true;
     EXPECT_EQ(read(module), nullptr);
     tableFails = false;
@@ -294,7 +296,7 @@ TEST(StubFailure, OfRoomForMoreThan4GibibytesOfOptionsIsALackOfMemory)
     }
     const Bytes entryPoint = entryPoint64(0, static_cast<std::uint32_t>(structures.size()));
     tables.entryPoint.assign(entryPoint.begin(), entryPoint.end());
-    const Module module = open(Installed);
+    const Module module = open(Stub);
     rlimit limit = {};
     ASSERT_EQ(getrlimit(RLIMIT_AS, &limit), 0);
     const rlimit lower = {std::min<rlim_t>(limit.rlim_max, 3u << 30), limit.rlim_max};
@@ -308,7 +310,7 @@ TEST(StubFailure, OfRoomForMoreThan4GibibytesOfOptionsIsALackOfMemory)
 TEST(StubFailure, OfInitOverTheMachineNamesTheTable)
 {
     const Variable fails("VQ_STUB_INIT", "out_of_range");
-    EXPECT_EQ(read(open(Installed)), nullptr);
+    EXPECT_EQ(read(open(Stub)), nullptr);
     EXPECT_STREQ(systemProviderError(),
                  "the SMBIOS table: an OEM string has a bracketed part of one character, such as -[X]-, at which the "
                  "module fails (beyond the end): update the firmware of the machine");
@@ -317,6 +319,6 @@ TEST(StubFailure, OfInitOverTheMachineNamesTheTable)
 TEST(StubFailure, OfAListThatIsNone)
 {
     const Variable damaged("VQ_STUB_LIST", "damaged");
-    EXPECT_EQ(read(open(Installed)), nullptr);
+    EXPECT_EQ(read(open(Stub)), nullptr);
     EXPECT_STREQ(systemProviderError(), "the module wrote a list that can't be read: it is no module of this version");
 }
