@@ -44,9 +44,7 @@ public:
     const std::vector<unsigned char>& copyOf(const unsigned char* begin, std::size_t size) const
     {
         const std::lock_guard<std::mutex> lock(_shared->mutex);
-        const auto found = _shared->copies.find(begin);
-        return found != _shared->copies.end() ? found->second
-                                              : _shared->copies.try_emplace(begin, begin, begin + size).first->second;
+        return _shared->copies.try_emplace(begin, begin, begin + size).first->second;
     }
 
 private:
