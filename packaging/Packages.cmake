@@ -69,8 +69,8 @@ set(_fleet_description "vqfleet asks the CIM servers of many machines at once fo
 provider module SystemProvider gives, and shows, saves and compares it. It is
 for an administrator's workstation, and needs no CIM server there.")
 
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/OpenDirectories.cmake ${CMAKE_CURRENT_SOURCE_DIR}/CheckFiles.cmake)
 # What no packaged file may hold: a person who can create such a path on a target would choose what root runs there.
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/CheckFiles.cmake)
 set(CPACK_VQ_READELF ${CMAKE_READELF})
 set(CPACK_VQ_RUN_PATHS ${CMAKE_INSTALL_PREFIX}/${VQ_INSTALL_MODULE_DIR} ${VQ_PEGASUS_LIB_DIR})
 set(CPACK_VQ_BUILD_PATHS ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR})

@@ -3,6 +3,7 @@
 
 command -v rpmbuild >/dev/null || skip "rpmbuild is not installed (Debian package rpm)"
 rm -f "$package_dir"/*.rpm
+umask 077 # as careful administrators have it; what is packaged is for everybody all the same
 "$cpack" --config "$binary_dir/CPackConfig.cmake" -G RPM -B "$scratch" >"$scratch/log" 2>&1 || { cat "$scratch/log"; exit 1; }
 rpm=$package_dir/$package-$version-1.$rpm_architecture.rpm
 cp "$scratch"/*.rpm "$package_dir"
@@ -12,6 +13,9 @@ xen_rpm=$package_dir/systemprovider-xen-$version-1.$rpm_architecture.rpm
 fleet_rpm=$package_dir/systemprovider-fleet-$version-1.$rpm_architecture.rpm
 check "the packages' names" "$(printf '%s\n' "$rpm" "$development_rpm" "$ipmi_rpm" "$xen_rpm" ${fleet:+"$fleet_rpm"} | sort)" "$(find "$package_dir" -name '*.rpm' | sort)"
 
+check "permissions" "" "$(for made in "$package_dir"/*.rpm; do
+    rpm -qp --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' "$made" 2>/dev/null
+done | grep -vE '^(-rw-r--r--|-rwxr-xr-x|drwxr-xr-x|lrwxrwxrwx) ' || true)"
 query() { rpm -qp "$@" "${of-$rpm}" 2>/dev/null; }
 check "files" "$(expected_files)" "$(query --qf '[%{FILEMODES:perms} %{FILENAMES}\n]' | sed -n 's/^[-l][rwx-]* //p' | sort)"
 check "directories" "$(printf '%s\n' "$ansible_dir" "$doc_dir" "$module_dir" "$module_dir/from-dump" "$schema_dir" | sort)" \
