@@ -1,4 +1,5 @@
 # For scripts that test vq-register: what it says and how it ends, exactly.
+export LC_ALL=C.UTF-8 # bash complains of a locale that is not there
 
 failures=0
 

@@ -74,7 +74,7 @@ protected:
         if (!mkdtemp(name.data()))
             throw std::runtime_error("cannot create " + name);
         directory = name;
-        std::filesystem::permissions(directory, std::filesystem::perms(0755));
+        forEverybody(directory, 0755);
         hostPaths.tablesDirectory = name + "/tables";
         hostPaths.memoryDevice = name + "/mem";
     }
@@ -84,10 +84,17 @@ protected:
         std::filesystem::remove_all(directory);
     }
 
+    // Whatever umask the test has.
+    static void forEverybody(const std::filesystem::path& path, unsigned mode)
+    {
+        std::filesystem::permissions(path, std::filesystem::perms(mode));
+    }
+
     static void write(const std::string& file, const Bytes& bytes)
     {
         std::ofstream out(file, std::ios::binary);
         out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        forEverybody(file, 0644);
     }
 
     static std::string errorText()
@@ -130,7 +137,11 @@ protected:
 class Sysfs : public Places
 {
 protected:
-    Sysfs() { std::filesystem::create_directory(hostPaths.tablesDirectory); }
+    Sysfs()
+    {
+        std::filesystem::create_directory(hostPaths.tablesDirectory);
+        forEverybody(hostPaths.tablesDirectory, 0755);
+    }
 
     static std::string entryPointFile() { return hostPaths.tablesDirectory + "/smbios_entry_point"; }
     static std::string tableFile() { return hostPaths.tablesDirectory + "/DMI"; }
